@@ -1,0 +1,54 @@
+#pragma once
+// Every call that leads up: what the model asks of the layers above it. Each is defined in the layer named
+// here, so whoever reads this header has read every way up in the system.
+
+#include <windows.h>
+
+struct Grid;
+
+// view: layout
+void RecalculateLayout(Grid& grid);
+void RepaintGrid(Grid& grid);
+void RepaintCell(Grid& grid, int row, int col);
+// Rebuilds the brush or pen with that number (0 to 8), or all with -1.
+void RebuildGdi(Grid& grid, int index);
+// Deletes brushes, pens and the paint buffer.
+void ReleaseDrawingObjects(Grid& grid);
+// Invalidates the rectangle of the selection, without events.
+void RepaintSelection(Grid& grid);
+// Measures DefaultRowHeight anew after a change of font, and what follows from that.
+void RecalcDefaultRowHeight(Grid& grid);
+int EffectiveColWidth(const Grid& grid, int col);
+int EffectiveRowHeight(const Grid& grid, int row);
+// The rectangle of a cell in client pixels, widened to its merged range.
+RECT CellRect(Grid& grid, int row, int col);
+// Left and top of a cell in client pixels, merged range or not.
+int ColX(Grid& grid, int col);
+int RowY(Grid& grid, int row);
+void ApplyBorderStyle(Grid& grid);
+void RefreshMouseCursor(Grid& grid);
+
+// view: selection
+// Moves the current cell; below -1 keeps a coordinate. 0 or LORV_E_INDEX.
+HRESULT MoveCursor(Grid& grid, int row, int col, int mode);
+// The `Row` property's setter.
+HRESULT SetCurrentRow(Grid& grid, int row);
+// Reports the current cell and selection where they differ from what was last reported.
+void FireSelectionEvents(Grid& grid);
+
+// edit
+// Ends a running edit; false when it cannot be ended, and then the caller does nothing.
+bool CommitEdit(Grid& grid, bool cancel = false);
+void ReleaseComboState(struct ComboListState& state);
+// Drops the list of the cell editor's drop-down and its window.
+void ReleaseEditorList(Grid& grid);
+// Counts the outline levels anew.
+void RebuildOutlineLevels(Grid& grid);
+
+// files: text sources beside the own store
+const wchar_t* ReadCustomSource(Grid& grid, int row, int col);
+const wchar_t* ReadBoundArray(Grid& grid, int row, int col);
+HRESULT WriteCustomSource(Grid& grid, int row, int col, const wchar_t* text);
+HRESULT WriteBoundArray(Grid& grid, int row, int col, const wchar_t* text);
+// Assigns the attached custom source again, so that it re-reads its counts.
+HRESULT ReassignDataSource(Grid& grid);

@@ -1,0 +1,4 @@
+#include "core/upcalls.h"
+
+void ApplyBorderStyle(Grid&) {}
+void RefreshMouseCursor(Grid&) {}

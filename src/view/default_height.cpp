@@ -1,0 +1,29 @@
+#include "core/property_frame.h"
+#include "core/upcalls.h"
+#include "platform/gdi.h"
+
+namespace
+{
+constexpr int RowPadding = 4; // pixels between the text and the row's edges, together
+
+int MeasureTextHeight(Grid& grid) noexcept
+{
+    ScreenDC screen;
+    HFONT font = GridFontHandle(grid);
+    SelectedObject selected(screen.Get(), font ? static_cast<HGDIOBJ>(font) : GetStockObject(SYSTEM_FONT));
+    SIZE size = {};
+    GetTextExtentPoint32W(screen.Get(), L"Hj", 2, &size);
+    return size.cy;
+}
+} // namespace
+
+void RecalcDefaultRowHeight(Grid& grid)
+{
+    int before = grid.DefaultRowHeight;
+    grid.DefaultRowHeight = MeasureTextHeight(grid) + RowPadding;
+    if (SpillsText(grid) && grid.DefaultRowHeight != before)
+        MarkMergeStale(grid);
+    RebuildOutlineLevels(grid);
+    RecalculateLayout(grid);
+    RepaintGrid(grid);
+}

@@ -1,0 +1,108 @@
+#include "view/metrics.h"
+
+#include "platform/dpi.h"
+
+#include <algorithm>
+
+namespace
+{
+int Limited(int pixels, int minimum, int maximum) noexcept
+{
+    if (minimum != 0)
+        pixels = std::max(pixels, minimum);
+    if (maximum != 0)
+        pixels = std::min(pixels, maximum);
+    return pixels;
+}
+} // namespace
+
+int EffectiveRowHeight(const Grid& grid, int row)
+{
+    if (!IsRow(grid, row))
+        return grid.DefaultRowHeight;
+    const RowRecord& record = grid.RowTable[row];
+    if (record.Flags & RowFlagHidden)
+        return 0;
+    int height = record.Height;
+    if (height < 0)
+        height = grid.UniformRowHeight >= 1 ? grid.UniformRowHeight : grid.DefaultRowHeight;
+    return Limited(height, grid.RowHeightMinPixels, grid.RowHeightMaxPixels);
+}
+
+int EffectiveColWidth(const Grid& grid, int col)
+{
+    if (!IsCol(grid, col))
+        return 4 * grid.DefaultRowHeight;
+    const ColRecord& record = grid.ColTable[col];
+    if (record.ColFlags & ColFlagHidden)
+        return 0;
+    int width = record.Width < 0 ? 4 * grid.DefaultRowHeight : record.Width;
+    return Limited(width, grid.ColWidthMinPixels, grid.ColWidthMaxPixels);
+}
+
+RECT ClientRectOf(const Grid& grid) noexcept
+{
+    RECT client = {};
+    if (grid.Window)
+        GetClientRect(grid.Window, &client);
+    else
+        client = {0, 0, HimetricToPixelsX(grid.Extent.cx), HimetricToPixelsY(grid.Extent.cy)};
+    return client;
+}
+
+bool IsLastVisibleCol(const Grid& grid, int col) noexcept
+{
+    if (!HasOption(grid, OptionExtendLastCol))
+        return false;
+    for (int later = col + 1; later < grid.Cols; ++later)
+        if (EffectiveColWidth(grid, later) != 0)
+            return false;
+    return true;
+}
+
+// A row that is scrolled away is counted back from TopRow without its own height. Both axes share this.
+int RowY(Grid& grid, int row)
+{
+    int frozenEnd = FrozenEndRow(grid);
+    int y = 0;
+    for (int r = 0; r < std::min(row, frozenEnd); ++r)
+        y += EffectiveRowHeight(grid, r);
+    if (row < frozenEnd)
+        return y;
+    for (int r = grid.TopRow; r < std::min(row, grid.Rows); ++r)
+        y += EffectiveRowHeight(grid, r);
+    for (int r = grid.TopRow; r > row; --r)
+        y -= EffectiveRowHeight(grid, r);
+    return y;
+}
+
+int ColX(Grid& grid, int col)
+{
+    int frozenEnd = FrozenEndCol(grid);
+    int x = 0;
+    for (int c = 0; c < std::min(col, frozenEnd); ++c)
+        x += EffectiveColWidth(grid, c);
+    if (col >= frozenEnd) {
+        for (int c = grid.LeftCol; c < std::min(col, grid.Cols); ++c)
+            x += EffectiveColWidth(grid, c);
+        for (int c = grid.LeftCol; c > col; --c)
+            x -= EffectiveColWidth(grid, c);
+    }
+    if (HasOption(grid, OptionRightToLeft))
+        x = ClientRectOf(grid).right - x - EffectiveColWidth(grid, col);
+    return x;
+}
+
+RECT CellRect(Grid& grid, int row, int col)
+{
+    RECT cell = {ColX(grid, col), RowY(grid, row), 0, 0};
+    cell.right = cell.left + EffectiveColWidth(grid, col);
+    cell.bottom = cell.top + EffectiveRowHeight(grid, row);
+    if (IsLastVisibleCol(grid, col)) {
+        if (HasOption(grid, OptionRightToLeft))
+            cell.left = 0;
+        else
+            cell.right = ClientRectOf(grid).right;
+    }
+    return cell;
+}
