@@ -1,0 +1,20 @@
+// Number texts of every shape, under the three shapes of locale: whatever the recogniser accepts the parser
+// reads as a number that is no NaN, and neither leaves the text.
+#include "core/number_text.h"
+
+#include "../unit/core/locale_samples.h"
+#include "fuzz_text.h"
+
+#include <cmath>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const std::vector<wchar_t> text = TextOfBytes(data, size);
+    for (const LocaleInfo& locale : {AmericanLocale(), GermanLocale(), NorwegianLocale()}) {
+        IsNumericText(locale, text.data());
+        if (std::isnan(ParseNumberText(locale, text.data())))
+            std::abort();
+    }
+    return 0;
+}
