@@ -22,3 +22,5 @@
 #include <oleauto.h>
 #include <olectl.h>
 #include <uxtheme.h>
+
+#include "lorv8l.h"
