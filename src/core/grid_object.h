@@ -235,6 +235,9 @@ struct Grid {
     int32_t DesignModeCache = -1; // -1 unknown, 0 user mode, 1 design mode
     bool RequiresSave = false;
     bool Saving = false; // the shell is reading the properties to store them
+    bool OleDragRunning = false;
+    uint32_t SafetyOptions = 0; // what IObjectSafety was asked for; any option locks the members of files
+    uint32_t RotCookie = 0;     // registration in the running object table, 0: none
     int32_t SortIndicatorCol = -1;
     int32_t IsSearching = 0;
     uint32_t InEvent = 0; // events being fired, nested

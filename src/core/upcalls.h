@@ -45,6 +45,10 @@ void ReleaseEditorList(Grid& grid);
 // Counts the outline levels anew.
 void RebuildOutlineLevels(Grid& grid);
 
+// shell
+// Asks the site of a windowless control, or the view advise sink of an inactive one, for a repaint.
+void RepaintThroughSite(Grid& grid);
+
 // files: text sources beside the own store
 const wchar_t* ReadCustomSource(Grid& grid, int row, int col);
 const wchar_t* ReadBoundArray(Grid& grid, int row, int col);

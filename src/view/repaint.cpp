@@ -5,6 +5,8 @@ void RepaintGrid(Grid& grid)
 {
     if (grid.Window)
         InvalidateRect(grid.Window, nullptr, FALSE);
+    else
+        RepaintThroughSite(grid);
 }
 
 void RepaintCell(Grid& grid, int row, int col)

@@ -1,0 +1,181 @@
+#include "shell/control.h"
+
+#include "core/events.h"
+#include "core/upcalls.h"
+#include "platform/com_ptr.h"
+
+#include <objsafe.h>
+
+#include <new>
+
+namespace
+{
+using Entry = InterfaceEntry<CLorvArrayCtrl>;
+
+template<class Interface, auto Part> IUnknown* PartOf(CLorvArrayCtrl& control)
+{
+    return static_cast<Interface*>(&(control.*Part));
+}
+
+IUnknown* MembersOf(CLorvArrayCtrl& control)
+{
+    return static_cast<ILorvGrid*>(&control);
+}
+
+using C = CLorvArrayCtrl;
+
+// Everything a container can ask the control for.
+const Entry interfaceTable[] = {
+    {&IID_ILorvGrid, MembersOf},
+    {&IID_IDispatch, MembersOf},
+    {&IID_IViewObjectEx, PartOf<IViewObjectEx, &C::View>},
+    {&IID_IViewObject2, PartOf<IViewObjectEx, &C::View>},
+    {&IID_IViewObject, PartOf<IViewObjectEx, &C::View>},
+    {&IID_IOleInPlaceObjectWindowless, PartOf<IOleInPlaceObjectWindowless, &C::InPlace>},
+    {&IID_IOleInPlaceObject, PartOf<IOleInPlaceObjectWindowless, &C::InPlace>},
+    {&IID_IOleWindow, PartOf<IOleInPlaceObjectWindowless, &C::InPlace>},
+    {&IID_IOleInPlaceActiveObject, PartOf<IOleInPlaceActiveObject, &C::InPlace>},
+    {&IID_IOleControl, PartOf<IOleControl, &C::Ole>},
+    {&IID_IOleObject, PartOf<IOleObject, &C::Ole>},
+    {&IID_IPersistStreamInit, PartOf<IPersistStreamInit, &C::Stream>},
+    {&IID_IPersist, PartOf<IPersistStreamInit, &C::Stream>},
+    {&IID_IPersistStorage, PartOf<IPersistStorage, &C::Storage>},
+    {&IID_IPersistPropertyBag, PartOf<IPersistPropertyBag, &C::PropertyBag>},
+    {&IID_ISupportErrorInfo, PartOf<ISupportErrorInfo, &C::Errors>},
+    {&IID_IConnectionPointContainer, PartOf<IConnectionPointContainer, &C::Connections>},
+    {&IID_ISpecifyPropertyPages, PartOf<ISpecifyPropertyPages, &C::Browsing>},
+    {&IID_IPerPropertyBrowsing, PartOf<IPerPropertyBrowsing, &C::Browsing>},
+    {&IID_ICategorizeProperties, PartOf<ICategorizeProperties, &C::Browsing>},
+    {&IID_IQuickActivate, PartOf<IQuickActivate, &C::Quick>},
+    {&IID_IDataObject, PartOf<IDataObject, &C::Data>},
+    {&IID_IProvideClassInfo2, PartOf<IProvideClassInfo2, &C::Class>},
+    {&IID_IProvideClassInfo, PartOf<IProvideClassInfo2, &C::Class>},
+    {&IID_IObjectSafety, PartOf<IObjectSafety, &C::Safety>},
+};
+
+// Keeps the count of an object that is being destroyed from reaching 0 a second time.
+constexpr ULONG DyingReferences = 0x40000000;
+} // namespace
+
+HRESULT CLorvArrayCtrl::Create(IUnknown* outer, REFIID iid, void** out) noexcept
+{
+    if (!out)
+        return E_POINTER;
+    *out = nullptr;
+    if (outer && !IsEqualIID(iid, IID_IUnknown))
+        return CLASS_E_NOAGGREGATION;
+    auto* control = new (std::nothrow) CLorvArrayCtrl(outer);
+    if (!control)
+        return E_OUTOFMEMORY;
+    HRESULT result = control->identity_.QueryInterface(iid, out);
+    control->identity_.Release();
+    return result;
+}
+
+CLorvArrayCtrl::CLorvArrayCtrl(IUnknown* outer) noexcept
+{
+    Outer = outer ? outer : &identity_;
+}
+
+// From here on nobody hears of the grid, and it must not call an outer object that is going away itself.
+CLorvArrayCtrl::~CLorvArrayCtrl()
+{
+    Outer = &identity_;
+    Closing = 1;
+    CommitEdit(*this, true);
+    InPlace.DestroyControlWindow();
+    Outer = nullptr;
+}
+
+HRESULT CLorvArrayCtrl::Identity::QueryInterface(REFIID iid, void** out)
+{
+    if (!IsEqualIID(iid, IID_IUnknown))
+        return FindInterface(control_, interfaceTable, iid, out);
+    if (!out)
+        return E_POINTER;
+    *out = this;
+    AddRef();
+    return S_OK;
+}
+
+ULONG CLorvArrayCtrl::Identity::Release()
+{
+    ULONG left = --references_;
+    if (left == 0) {
+        references_ = DyingReferences;
+        delete &control_;
+    }
+    return left;
+}
+
+HRESULT CLorvArrayCtrl::QueryInterface(REFIID iid, void** out)
+{
+    return Outer->QueryInterface(iid, out);
+}
+
+ULONG CLorvArrayCtrl::AddRef()
+{
+    return Outer->AddRef();
+}
+
+ULONG CLorvArrayCtrl::Release()
+{
+    return Outer->Release();
+}
+
+HRESULT CLorvArrayCtrl::GetTypeInfoCount(UINT* count)
+{
+    if (!count)
+        return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+HRESULT CLorvArrayCtrl::GetTypeInfo(UINT index, LCID, ITypeInfo** info)
+{
+    if (!info)
+        return E_POINTER;
+    *info = nullptr;
+    return index == 0 ? GetOwnTypeInfo(IID_ILorvGrid, info) : DISP_E_BADINDEX;
+}
+
+HRESULT CLorvArrayCtrl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* dispids)
+{
+    if (!names || !dispids)
+        return E_POINTER;
+    ComPtr<ITypeInfo> info;
+    HRESULT result = GetOwnTypeInfo(IID_ILorvGrid, info.Put());
+    return SUCCEEDED(result) ? info->GetIDsOfNames(names, count, dispids) : result;
+}
+
+namespace
+{
+// Hosts that hold every number as a double set Long properties with one.
+bool MakeLongOfDouble(WORD flags, DISPPARAMS* parameters) noexcept
+{
+    if (!(flags & DISPATCH_PROPERTYPUT) || !parameters || parameters->cArgs != 1 || !parameters->rgvarg)
+        return false;
+    VARIANTARG& value = parameters->rgvarg[0];
+    return value.vt == VT_R8 && SUCCEEDED(VariantChangeType(&value, &value, 0, VT_I4));
+}
+} // namespace
+
+HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                               VARIANT* result, EXCEPINFO* exception, UINT* badArgument)
+{
+    KeepAlive alive(*this);
+    ComPtr<ITypeInfo> info;
+    if (HRESULT found = GetOwnTypeInfo(IID_ILorvGrid, info.Put()); FAILED(found))
+        return found;
+    auto call = [&] {
+        return info->Invoke(static_cast<ILorvGrid*>(this), dispid, flags, parameters, result, exception,
+                            badArgument);
+    };
+    HRESULT outcome = call();
+    if (FAILED(outcome) && MakeLongOfDouble(flags, parameters))
+        outcome = call();
+    // Script engines know no unsigned Long.
+    if (result && result->vt == VT_UI4)
+        result->vt = VT_I4;
+    return outcome;
+}

@@ -1,0 +1,102 @@
+#include "view/focus.h"
+
+#include "core/events.h"
+#include "core/upcalls.h"
+#include "platform/com_ptr.h"
+#include "view/messages.h"
+
+#include <utility>
+
+namespace
+{
+constexpr int FirstGridLineWithHeaderMark = 13; // headers of the selection look different
+
+ComPtr<IOleClientSite> ClientSite(Grid& grid)
+{
+    ComPtr<IOleClientSite> site;
+    if (auto object = QueryFor<IOleObject>(grid.Outer, IID_IOleObject))
+        object->GetClientSite(site.Put());
+    return site;
+}
+
+void TellSite(IOleClientSite* site, bool hasFocus)
+{
+    if (auto control = QueryFor<IOleControlSite>(site, IID_IOleControlSite))
+        control->OnFocus(hasFocus);
+}
+
+// A control that gets the focus becomes the host's active object.
+void ActivateInHost(Grid& grid)
+{
+    if (!grid.InPlaceSite)
+        return;
+    auto object = QueryFor<IOleObject>(grid.Outer, IID_IOleObject);
+    auto site = ClientSite(grid);
+    if (object)
+        object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, site.Get(), 0, grid.Window, nullptr);
+    TellSite(site.Get(), true);
+}
+
+void LeaveHost(Grid& grid)
+{
+    HWND focus = ::GetFocus();
+    if (grid.InPlaceSite && !IsChild(grid.Window, focus))
+        TellSite(ClientSite(grid).Get(), false);
+}
+
+void RepaintFocusChange(Grid& grid)
+{
+    if (grid.HighLight != lorvHighlightWithFocus)
+        RepaintCell(grid, grid.Row, grid.Col);
+    else if (grid.SelectionMode == lorvSelectionListBox)
+        RepaintGrid(grid);
+    else
+        RepaintSelection(grid);
+    if (grid.GridLinesFixed >= FirstGridLineWithHeaderMark)
+        RepaintGrid(grid);
+}
+
+bool IsInside(HWND window, HWND other) noexcept
+{
+    return other && (other == window || IsChild(window, other));
+}
+
+void ForgetSearchText(Grid& grid) noexcept
+{
+    if (grid.IsSearching)
+        grid.SearchLength = 0;
+}
+} // namespace
+
+bool DropCapture(Grid& grid)
+{
+    if (!grid.Window || GetCapture() != grid.Window)
+        return false;
+    grid.PaintMode &= ~static_cast<uint32_t>(PaintMouseHeld);
+    ReleaseCapture();
+    return true;
+}
+
+bool OnSetFocus(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    int32_t redraw = std::exchange(grid.Redraw, static_cast<int32_t>(lorvRDNone));
+    ActivateInHost(grid);
+    grid.Redraw = redraw;
+    RepaintFocusChange(grid);
+    event::SetFocus(grid);
+    return false;
+}
+
+bool OnKillFocus(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
+{
+    if (grid.ActiveEditor && !IsInside(grid.Window, reinterpret_cast<HWND>(wParam)))
+        CommitEdit(grid);
+    KillTimer(grid.Window, DragTimer);
+    if (DropCapture(grid))
+        InvalidateRect(grid.Window, nullptr, TRUE);
+    ForgetSearchText(grid);
+    RepaintFocusChange(grid);
+    LeaveHost(grid);
+    event::KillFocus(grid);
+    return false;
+}

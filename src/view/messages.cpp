@@ -1,0 +1,165 @@
+#include "view/messages.h"
+
+#include "core/events.h"
+#include "core/property_frame.h"
+#include "core/upcalls.h"
+#include "view/focus.h"
+#include "view/paint.h"
+#include "view/running_object.h"
+
+
+namespace
+{
+bool OnPaint(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    PAINTSTRUCT paint = {};
+    HWND window = grid.Window;
+    HDC context = BeginPaint(window, &paint);
+    if (!context)
+        return true;
+    RECT client = {};
+    GetClientRect(window, &client);
+    OnDraw(grid, {context, context, client});
+    EndPaint(window, &paint);
+    return true;
+}
+
+// The grid paints every pixel itself.
+bool OnEraseBackground(Grid&, WPARAM, LPARAM, LRESULT& result)
+{
+    result = 1;
+    return true;
+}
+
+bool OnSystemColors(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    SetOption(grid, OptionGdiStale, true);
+    RepaintGrid(grid);
+    return true;
+}
+
+bool OnPosChanged(Grid& grid, WPARAM, LPARAM lParam, LRESULT&)
+{
+    if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_FRAMECHANGED)
+        SetOption(grid, OptionGdiStale, true);
+    return false;
+}
+
+bool IsReturnKey(LPARAM lParam) noexcept
+{
+    auto* message = reinterpret_cast<const MSG*>(lParam);
+    return message && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
+}
+
+// The Enter that opens the editor must not go to a dialog's default button.
+bool OnGetDialogCode(Grid& grid, WPARAM, LPARAM lParam, LRESULT& result)
+{
+    bool wantsAll = grid.TabBehavior == lorvTabCells || (grid.Editable && IsReturnKey(lParam));
+    result = wantsAll ? DLGC_WANTALLKEYS : DLGC_WANTARROWS | DLGC_WANTCHARS;
+    return true;
+}
+
+bool OnCancelMode(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    DropCapture(grid);
+    return true;
+}
+
+bool OnMouseActivate(Grid&, WPARAM, LPARAM, LRESULT& result)
+{
+    result = MA_ACTIVATE;
+    return true;
+}
+
+bool OnButtonDown(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    HWND focus = GetFocus();
+    if (focus != grid.Window && !IsChild(grid.Window, focus))
+        SetFocus(grid.Window);
+    return true;
+}
+
+bool OnSize(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    RecalcDefaultRowHeight(grid);
+    event::Resize(grid);
+    return true;
+}
+
+bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    RegisterRunningObject(grid);
+    ApplyBorderStyle(grid);
+    if (IsDesignMode(grid))
+        return true;
+    LONG_PTR style = GetWindowLongPtrW(grid.Window, GWL_STYLE);
+    SetWindowLongPtrW(grid.Window, GWL_STYLE, style | WS_HSCROLL | WS_VSCROLL);
+    if (grid.TopRow > grid.FixedRows || grid.LeftCol > grid.FixedCols)
+        RecalculateLayout(grid);
+    grid.HoverRow = grid.HoverCol = -1;
+    return true;
+}
+
+bool OnDestroy(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    RevokeRunningObject(grid);
+    return true;
+}
+
+bool OnPrintMessage(Grid&, WPARAM wParam, LPARAM, LRESULT& result)
+{
+    result = wParam ? PrintMessageSign : 0;
+    return true;
+}
+
+bool OnIdentify(Grid& grid, WPARAM wParam, LPARAM, LRESULT& result)
+{
+    result = wParam == IdentifyVersion ? reinterpret_cast<LRESULT>(&grid) : 0;
+    return true;
+}
+
+bool OnReserved(Grid&, WPARAM, LPARAM, LRESULT&)
+{
+    return true;
+}
+
+bool OnReportSelection(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    FireSelectionEvents(grid);
+    return true;
+}
+
+constexpr struct {
+    UINT Message;
+    bool (*Handle)(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
+} messageMap[] = {
+    {WM_PAINT, OnPaint},
+    {WM_SETFOCUS, OnSetFocus},
+    {WM_KILLFOCUS, OnKillFocus},
+    {WM_ERASEBKGND, OnEraseBackground},
+    {WM_SYSCOLORCHANGE, OnSystemColors},
+    {WM_PALETTECHANGED, OnSystemColors},
+    {WM_WINDOWPOSCHANGED, OnPosChanged},
+    {WM_GETDLGCODE, OnGetDialogCode},
+    {WM_CANCELMODE, OnCancelMode},
+    {WM_LBUTTONDOWN, OnButtonDown},
+    {WM_MBUTTONDOWN, OnButtonDown},
+    {WM_RBUTTONDOWN, OnButtonDown},
+    {WM_MOUSEACTIVATE, OnMouseActivate},
+    {WM_SIZE, OnSize},
+    {WM_CREATE, OnCreate},
+    {WM_DESTROY, OnDestroy},
+    {MessagePrint, OnPrintMessage},
+    {MessageReserved, OnReserved},
+    {MessageIdentify, OnIdentify},
+    {MessageReportSelection, OnReportSelection},
+};
+} // namespace
+
+bool ProcessWindowMessage(Grid& grid, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    for (const auto& entry : messageMap)
+        if (entry.Message == message)
+            return entry.Handle(grid, wParam, lParam, result);
+    return false;
+}
