@@ -27,6 +27,8 @@ int ColX(Grid& grid, int col);
 int RowY(Grid& grid, int row);
 void ApplyBorderStyle(Grid& grid);
 void RefreshMouseCursor(Grid& grid);
+// Lets the user drag a row with the mouse; its final position.
+int DragRowWithMouse(Grid& grid, int row);
 
 // view: selection
 // Moves the current cell; below -1 keeps a coordinate. 0 or LORV_E_INDEX.

@@ -34,6 +34,12 @@ inline const VARIANT& FollowVariant(const VARIANT& value) noexcept
     return *at;
 }
 
+// A reference that leads nowhere: the platform's conversions would follow it.
+inline bool IsNullReference(const VARIANT& value) noexcept
+{
+    return (value.vt & VT_BYREF) && !value.byref;
+}
+
 // Whether an optional argument was left out: Empty is a value that was given, a missing one is an Error.
 inline bool IsMissing(const VARIANT& value) noexcept
 {
@@ -44,8 +50,10 @@ inline bool IsMissing(const VARIANT& value) noexcept
 // The argument as a Long; `fallback` when it is missing or does not convert.
 inline long VariantToLong(const VARIANT& value, long fallback) noexcept
 {
+    const VARIANT& end = FollowVariant(value);
     OwnedVariant converted;
-    if (FAILED(VariantChangeType(&converted.Get(), const_cast<VARIANT*>(&FollowVariant(value)), 0, VT_I4)))
+    if (IsNullReference(end) ||
+        FAILED(VariantChangeType(&converted.Get(), const_cast<VARIANT*>(&end), 0, VT_I4)))
         return fallback;
     return converted.Get().lVal;
 }

@@ -1,0 +1,137 @@
+#include "core/clip_text.h"
+
+#include "core/cell_pos.h"
+#include "core/cell_store.h"
+#include "core/events.h"
+#include "core/upcalls.h"
+#include "platform/memory.h"
+
+#include <cwchar>
+
+ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexcept
+{
+    const wchar_t* chosen = fixedSeparators ? nullptr : grid.ClipSeparators;
+    if (!chosen || !chosen[0] || chosen[0] == chosen[1])
+        return {L'\t', L'\r'};
+    return {chosen[0], chosen[1]};
+}
+
+namespace
+{
+// A growing text on the model's heap. After a failure it stays as it was and says so.
+class TextBlock
+{
+public:
+    TextBlock() noexcept = default;
+    TextBlock(const TextBlock&) = delete;
+    TextBlock& operator=(const TextBlock&) = delete;
+    ~TextBlock() { FreeBlock(text_); }
+
+    void Append(const wchar_t* text) noexcept { Append(text, text ? std::wcslen(text) : 0); }
+    void Append(const wchar_t* text, size_t length) noexcept
+    {
+        if (!Reserve(length_ + length + 1))
+            return;
+        if (length)
+            std::wmemcpy(text_ + length_, text, length);
+        length_ += length;
+        text_[length_] = 0;
+    }
+    // Null after a failure.
+    [[nodiscard]] wchar_t* Detach() noexcept
+    {
+        wchar_t* text = failed_ ? nullptr : text_;
+        if (text)
+            text_ = nullptr;
+        return text;
+    }
+
+private:
+    bool Reserve(size_t units) noexcept
+    {
+        if (failed_ || units <= capacity_)
+            return !failed_;
+        size_t capacity = units + units / 2;
+        void* larger = ReallocateBlock(text_, capacity * sizeof(wchar_t));
+        failed_ = !larger;
+        if (larger) {
+            text_ = static_cast<wchar_t*>(larger);
+            capacity_ = capacity;
+        }
+        return !failed_;
+    }
+
+    wchar_t* text_ = nullptr;
+    size_t length_ = 0;
+    size_t capacity_ = 0;
+    bool failed_ = false;
+};
+} // namespace
+
+wchar_t* ClipOfRange(Grid& grid, int row1, int col1, int row2, int col2, bool fixedSeparators)
+{
+    CellRange range(row1, col1, row2, col2);
+    ClipSeparatorPair separators = ClipSeparatorsOf(grid, fixedSeparators);
+    TextBlock clip;
+    for (int row = range.Row1; row <= range.Row2; ++row) {
+        if (row > range.Row1)
+            clip.Append(fixedSeparators ? L"\r\n" : &separators.Row, fixedSeparators ? 2 : 1);
+        for (int col = range.Col1; col <= range.Col2; ++col) {
+            if (!range.Within(grid.Rows, grid.Cols)) // asked each time: a text source can change the grid
+                return nullptr;
+            if (col > range.Col1)
+                clip.Append(&separators.Col, 1);
+            clip.Append(GetCellText(grid, row, col));
+        }
+    }
+    return clip.Detach();
+}
+
+HRESULT PutRowText(Grid& grid, const wchar_t* text, int row, int col1, int col2, bool fixedSeparators)
+{
+    if (!IsRow(grid, row))
+        return LORV_E_INDEX;
+    if (FAILED(EnsureRowCells(grid, row)))
+        return LORV_E_MEMORY;
+    KeepAlive alive(grid);
+    wchar_t separator = ClipSeparatorsOf(grid, fixedSeparators).Col;
+    for (int col = col1; col <= col2; ++col) {
+        const wchar_t* end = std::wcschr(text, separator);
+        HRESULT result = SetCellText(grid, row, col, text, end ? static_cast<int>(end - text) : -1);
+        if (FAILED(result))
+            return result;
+        if (IsCell(grid, row, col))
+            RepaintCell(grid, row, col);
+        if (!end)
+            break;
+        text = end + 1;
+    }
+    return S_OK;
+}
+
+HRESULT PutClip(Grid& grid, const wchar_t* text, int row1, int col1, int row2, int col2, bool fixedSeparators)
+{
+    CellRange range(row1, col1, row2, col2);
+    if (!range.Within(grid.Rows, grid.Cols))
+        return LORV_E_INDEX;
+    KeepAlive alive(grid);
+    wchar_t separator = ClipSeparatorsOf(grid, fixedSeparators).Row;
+    for (int row = range.Row1; row <= range.Row2 && *text; ++row) {
+        const wchar_t* end = std::wcschr(text, separator);
+        wchar_t* line = end ? DuplicateText(text, end - text) : DuplicateText(text);
+        if (!line)
+            return LORV_E_MEMORY;
+        HRESULT result = PutRowText(grid, line, row, range.Col1, range.Col2, fixedSeparators);
+        FreeBlock(line);
+        if (FAILED(result))
+            return result;
+        if (fixedSeparators && IsRow(grid, row) && grid.RowTable[row].Status < 4)
+            grid.RowTable[row].Status = lorvrsModified;
+        if (!end)
+            break;
+        text = end + 1;
+        if (separator == L'\r' && *text == L'\n')
+            ++text;
+    }
+    return S_OK;
+}

@@ -1,0 +1,6 @@
+#include "core/upcalls.h"
+
+int DragRowWithMouse(Grid&, int row)
+{
+    return row;
+}
