@@ -20,9 +20,9 @@ struct CellStoreState {
 };
 CellStoreState cellStore;
 
-wchar_t* CopyCapped(wchar_t* buffer, const wchar_t* text) noexcept
+wchar_t* CopyCapped(wchar_t* buffer, const wchar_t* text, int limit = ScratchCapacity) noexcept
 {
-    size_t length = text ? wcsnlen(text, ScratchCapacity) : 0;
+    size_t length = text ? wcsnlen(text, std::min(limit, ScratchCapacity)) : 0;
     if (length)
         std::wmemmove(buffer, text, length);
     buffer[length] = 0;
@@ -66,21 +66,14 @@ HRESULT StoreOwnText(Grid& grid, int row, int col, const wchar_t* text, int leng
 HRESULT StoreSourceText(Grid& grid, TextSource source, int row, int col, const wchar_t* text, int length)
 {
     if (length >= 0)
-        text = [&] {
-            wchar_t* cut = SecondScratchText();
-            size_t kept = text ? wcsnlen(text, std::min(length, ScratchCapacity)) : 0;
-            if (kept)
-                std::wmemmove(cut, text, kept);
-            cut[kept] = 0;
-            return cut;
-        }();
+        text = CopyCapped(cellStore.SecondScratch, text, length);
     switch (source) {
     case TextSource::Custom:
         return WriteCustomSource(grid, row, col, text);
     case TextSource::Array:
         return WriteBoundArray(grid, row, col, text);
     default:
-        return SetCellText(*grid.BoundGrid, row, col, text);
+        return grid.BoundGrid ? SetCellText(*grid.BoundGrid, row, col, text) : LORV_E_INDEX;
     }
 }
 
@@ -143,8 +136,9 @@ HRESULT SetCellText(Grid& grid, int row, int col, const wchar_t* text, int lengt
 {
     if (!IsCell(grid, row, col))
         return LORV_E_INDEX;
+    KeepAlive alive(grid);
     const wchar_t* present = GetCellText(grid, row, col);
-    if (present == text && length < 0)
+    if (present == text)
         return S_OK;
     if (IsEmpty(present) ? IsEmpty(text, length) : !IsEmpty(text, length) && SameText(present, text, length))
         return S_OK;
@@ -160,7 +154,7 @@ HRESULT SetCellText(Grid& grid, int row, int col, const wchar_t* text, int lengt
     if (grid.ColTable[col].ColDataType == lorvDTBoolean && row >= grid.FixedRows)
         if (CellRecord* cells = grid.RowTable[row].Cells)
             cells[col].State &= MergeLinkMask;
-    if (SUCCEEDED(result))
+    if (result == S_OK)
         ReportCellChanged(grid, row, col);
     return result;
 }
@@ -263,8 +257,11 @@ void FreeCellContents(Grid& grid, int row, int col, int what) noexcept
 
 HRESULT StoreHeapVariant(VARIANT*& slot, const VARIANT& value) noexcept
 {
+    const VARIANT& end = FollowVariant(value);
+    if ((end.vt & VT_BYREF) && !end.byref)
+        return E_INVALIDARG;
     OwnedVariant copy;
-    HRESULT result = VariantCopyInd(&copy.Get(), const_cast<VARIANT*>(&FollowVariant(value)));
+    HRESULT result = VariantCopyInd(&copy.Get(), const_cast<VARIANT*>(&end));
     if (FAILED(result))
         return result;
     if (!slot)

@@ -8,11 +8,12 @@
 // Delivers an event to each sink, the last argument first in `arguments`. Nothing fires while `Closing`.
 void Fire(Grid& grid, DISPID dispid, unsigned count, VARIANTARG* arguments);
 
-// Holds the control for the length of a scope in which events fire.
+// Holds the control for the length of a scope in which events fire. One on its way out cannot be held any
+// more: nothing fires then.
 class KeepAlive
 {
 public:
-    explicit KeepAlive(Grid& grid) noexcept : outer_(grid.Outer)
+    explicit KeepAlive(const Grid& grid) noexcept : outer_(grid.Closing ? nullptr : grid.Outer)
     {
         if (outer_)
             outer_->AddRef();

@@ -7,6 +7,8 @@
 #include "platform/com_ptr.h"
 #include "platform/memory.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr uint32_t DefaultOptions = OptionScrollTrack | OptionAutoResize | OptionMultiTotals |
@@ -33,13 +35,15 @@ void ResetColours(Grid& grid) noexcept
     grid.BackColorFrozen = grid.ForeColorFrozen = 0;
 }
 
+// Without memory for the tables the counts say so, and every position stays inside them.
 void ResetExtents(Grid& grid) noexcept
 {
     ResizeRows(grid, DefaultRows);
     ResizeCols(grid, DefaultCols);
-    grid.FixedRows = grid.FixedCols = 1;
-    grid.TopRow = grid.LeftCol = 1;
-    grid.Row = grid.Col = grid.RowSel = grid.ColSel = 1;
+    grid.FixedRows = grid.TopRow = std::min(1, grid.Rows);
+    grid.FixedCols = grid.LeftCol = std::min(1, grid.Cols);
+    grid.Row = grid.RowSel = std::min(1, grid.Rows - 1);
+    grid.Col = grid.ColSel = std::min(1, grid.Cols - 1);
     grid.LastRow = grid.Row, grid.LastCol = grid.Col;
     grid.LastRowSel = grid.RowSel, grid.LastColSel = grid.ColSel;
 }

@@ -19,6 +19,28 @@ void MarkDirtyAndNotify(Grid& grid, DISPID dispid)
             sink->OnChanged(dispid);
 }
 
+void RunSetterSteps(Grid& grid, unsigned steps)
+{
+    KeepAlive alive(grid); // the layout may fire scroll events
+    if (steps & StepMergeStale)
+        MarkMergeStale(grid);
+    if (steps & StepRestyle)
+        ApplyBorderStyle(grid);
+    if (steps & StepLayout)
+        RecalculateLayout(grid);
+    if (steps & StepRepaint)
+        RepaintGrid(grid);
+    if (steps & StepRepaintCurrentCell)
+        RepaintCell(grid, grid.Row, grid.Col);
+}
+
+void FinishProperty(Grid& grid, DISPID dispid, unsigned steps)
+{
+    KeepAlive alive(grid);
+    RunSetterSteps(grid, steps);
+    MarkDirtyAndNotify(grid, dispid);
+}
+
 bool ReadAmbient(Grid& grid, DISPID dispid, VARIANT& value) noexcept
 {
     ComPtr<IDispatch> ambient(grid.AmbientProperties);
@@ -29,6 +51,7 @@ bool ReadAmbient(Grid& grid, DISPID dispid, VARIANT& value) noexcept
 
 bool IsDesignMode(Grid& grid)
 {
+    KeepAlive alive(grid);
     if (grid.DesignModeCache < 0) {
         OwnedVariant userMode;
         if (ReadAmbient(grid, DISPID_AMBIENT_USERMODE, userMode.Get()) && userMode.Type() == VT_BOOL)
@@ -164,15 +187,7 @@ HRESULT SetFixedRowsOfSource(Grid& grid, int count)
     return ReassignDataSource(grid);
 }
 
-void FinishFixedChange(Grid& grid, DISPID dispid)
-{
-    RecalculateLayout(grid);
-    MarkMergeStale(grid);
-    RepaintGrid(grid);
-    MarkDirtyAndNotify(grid, dispid);
-}
-
-void FinishFrozenChange(Grid& grid, DISPID dispid)
+void FinishCountChange(Grid& grid, DISPID dispid)
 {
     RecalculateLayout(grid);
     MarkMergeStale(grid); // a scroll event of the layout may have brought the links up to date
@@ -183,6 +198,7 @@ void FinishFrozenChange(Grid& grid, DISPID dispid)
 
 HRESULT SetFixedRows(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     if (count < 0 || count > grid.Rows)
         return LORV_E_VALUE;
     if (HRESULT result = GuardRows(grid); FAILED(result))
@@ -192,12 +208,13 @@ HRESULT SetFixedRows(Grid& grid, int count)
     if (grid.LorvDataSource)
         return SetFixedRowsOfSource(grid, count);
     SetFixedCounts(grid, count, -1, -1, -1);
-    FinishFixedChange(grid, 11);
+    FinishCountChange(grid, 11);
     return S_OK;
 }
 
 HRESULT SetFixedCols(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     if (count < 0 || count > grid.Cols)
         return LORV_E_VALUE;
     if (HRESULT result = GuardRows(grid); FAILED(result))
@@ -205,41 +222,42 @@ HRESULT SetFixedCols(Grid& grid, int count)
     if (!CommitEdit(grid))
         return S_OK;
     SetFixedCounts(grid, -1, count, -1, -1);
-    FinishFixedChange(grid, 12);
+    FinishCountChange(grid, 12);
     return S_OK;
 }
 
 HRESULT SetFrozenRows(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     if (count < 0 || count > grid.Rows - grid.FixedRows)
         return LORV_E_VALUE;
     if (count == grid.FrozenRows)
         return S_OK;
     grid.TopRow = 0;
     SetFixedCounts(grid, -1, -1, count, -1);
-    FinishFrozenChange(grid, 188);
+    FinishCountChange(grid, 188);
     return S_OK;
 }
 
 HRESULT SetFrozenCols(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     if (count < 0 || count > grid.Cols - grid.FixedCols)
         return LORV_E_VALUE;
     if (count == grid.FrozenCols)
         return S_OK;
     grid.LeftCol = 0;
     SetFixedCounts(grid, -1, -1, -1, count);
-    FinishFrozenChange(grid, 189);
+    FinishCountChange(grid, 189);
     return S_OK;
 }
 
 HRESULT SetRedraw(Grid& grid, int value)
 {
     grid.Redraw = value >= lorvRDNone && value <= lorvRDBuffered ? value : lorvRDDirect;
-    if (grid.Redraw != lorvRDNone) {
-        RecalculateLayout(grid);
-        RepaintGrid(grid);
-    }
-    MarkDirtyAndNotify(grid, 31);
+    unsigned steps = StepNone;
+    if (grid.Redraw != lorvRDNone)
+        steps = StepLayout | StepRepaint;
+    FinishProperty(grid, 31, steps);
     return S_OK;
 }

@@ -7,6 +7,21 @@
 // Sets RequiresSave and tells each property sink, in the order of connection, that `dispid` changed.
 void MarkDirtyAndNotify(Grid& grid, DISPID dispid);
 
+// What a setter does once it has stored its value, in this order. The notification comes last: a sink that
+// reads TopRow sees the new layout, and the repaint has been asked for.
+enum SetterStep : unsigned {
+    StepNone = 0,
+    StepMergeStale = 1, // the property changes what merges
+    StepRestyle = 2,    // the window's border styles
+    StepLayout = 4,
+    StepRepaint = 8,
+    StepRepaintCurrentCell = 16,
+};
+// For per-row and per-column members, which neither mark the grid nor notify.
+void RunSetterSteps(Grid& grid, unsigned steps);
+// For properties: the steps, then MarkDirtyAndNotify.
+void FinishProperty(Grid& grid, DISPID dispid, unsigned steps);
+
 // Whether the host is a form designer. The answer of the host is cached; a host that cannot be asked
 // counts as none, and is asked again.
 bool IsDesignMode(Grid& grid);

@@ -78,7 +78,8 @@ bool SetRowCapacity(Grid& grid, int capacity) noexcept
     return true;
 }
 
-// Releasing what a row holds can run foreign code, so a row leaves the table before it is freed.
+// Releasing what a row holds can run foreign code, so a row leaves the table before it is freed. Rows that
+// such code takes away stay away.
 void ShrinkRows(Grid& grid, int count) noexcept
 {
     while (grid.Rows > count) {
@@ -89,7 +90,7 @@ void ShrinkRows(Grid& grid, int count) noexcept
         FreeBlock(dead.Cells);
         FreeHeapVariant(dead.RowData);
     }
-    if (int capacity = CapacityFor(count); capacity != grid.RowCapacity)
+    if (int capacity = CapacityFor(grid.Rows); capacity != grid.RowCapacity)
         SetRowCapacity(grid, capacity); // a failure leaves the larger table, which does no harm
 }
 
@@ -104,6 +105,7 @@ HRESULT GrowRows(Grid& grid, int count) noexcept
         for (int row = grid.Rows; row < capacity; ++row)
             InitializeRow(grid.RowTable[row]);
     }
+    grid.Rows = count;
     return S_OK;
 }
 
@@ -139,6 +141,7 @@ void BringCurrentRowInside(Grid& grid, int oldCount)
 
 HRESULT ResizeRows(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     BeginResize(grid);
     int oldCount = grid.Rows;
     if (count == oldCount)
@@ -150,8 +153,7 @@ HRESULT ResizeRows(Grid& grid, int count)
         ShrinkRows(grid, count);
     else if (HRESULT result = GrowRows(grid, count); FAILED(result))
         return result;
-    grid.Rows = count;
-    CapPositions(count, grid.FixedRows, grid.FrozenRows, grid.TopRow);
+    CapPositions(grid.Rows, grid.FixedRows, grid.FrozenRows, grid.TopRow);
     BringCurrentRowInside(grid, oldCount);
     RecalculateLayout(grid);
     return S_OK;
@@ -204,8 +206,22 @@ bool TrimRow(Grid& grid, int row, int oldCount) noexcept
     return true;
 }
 
+// Releases what the columns from `count` on hold, while the tables still have them: foreign code may run here
+// and finds a grid in order.
+void EmptyCols(Grid& grid, int count) noexcept
+{
+    for (int row = 0; row < grid.Rows; ++row)
+        for (int col = count; row < grid.Rows && grid.RowTable[row].Cells && col < grid.Cols; ++col)
+            FreeCellContents(grid, row, col, lorvClearEverything);
+    for (int col = count; col < grid.Cols; ++col)
+        FreeHeapVariant(grid.ColTable[col].ColData);
+}
+
 void ShrinkCols(Grid& grid, int count) noexcept
 {
+    EmptyCols(grid, count);
+    if (grid.Cols <= count) // such code has taken more columns away
+        return;
     int oldCount = std::exchange(grid.Cols, count);
     for (int row = 0; row < grid.Rows; ++row)
         if (!TrimRow(grid, row, oldCount))
@@ -237,6 +253,7 @@ HRESULT GrowCols(Grid& grid, int count) noexcept
         std::fill(wider + grid.Cols, wider + count, CellRecord{});
         cells = wider;
     }
+    grid.Cols = count;
     return S_OK;
 }
 
@@ -256,6 +273,7 @@ void BringCurrentColInside(Grid& grid, int oldCount) noexcept
 
 HRESULT ResizeCols(Grid& grid, int count)
 {
+    KeepAlive alive(grid);
     BeginResize(grid);
     int oldCount = grid.Cols;
     if (count == oldCount)
@@ -267,9 +285,8 @@ HRESULT ResizeCols(Grid& grid, int count)
         ShrinkCols(grid, count);
     else if (HRESULT result = GrowCols(grid, count); FAILED(result))
         return result;
-    grid.Cols = count;
-    CapPositions(count, grid.FixedCols, grid.FrozenCols, grid.LeftCol);
-    if (grid.OutlineCol >= count)
+    CapPositions(grid.Cols, grid.FixedCols, grid.FrozenCols, grid.LeftCol);
+    if (grid.OutlineCol >= grid.Cols)
         grid.OutlineCol = 0;
     BringCurrentColInside(grid, oldCount);
     FireSelectionEvents(grid);
@@ -331,6 +348,7 @@ void SetFixedOnAxis(Axis axis, int fixed, int frozen) noexcept
 
 void SetFixedCounts(Grid& grid, int fixedRows, int fixedCols, int frozenRows, int frozenCols)
 {
+    KeepAlive alive(grid);
     SetFixedOnAxis({grid.Rows, grid.FixedRows, grid.FrozenRows, grid.TopRow, grid.Row, grid.RowSel},
                    fixedRows, frozenRows);
     SetFixedOnAxis({grid.Cols, grid.FixedCols, grid.FrozenCols, grid.LeftCol, grid.Col, grid.ColSel},

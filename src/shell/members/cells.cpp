@@ -1,5 +1,8 @@
 // Members of the grid: cells, their properties and data.
+#include "core/cell_store.h"
+#include "core/events.h"
 #include "shell/members/members.h"
+#include "shell/members/property_setters.h"
 
 static HRESULT NotBuilt()
 {
@@ -206,14 +209,20 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_ColData(LONG, VARIANT)
     return NotBuilt();
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_TextMatrix(LONG, LONG, BSTR*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_TextMatrix(LONG row, LONG col, BSTR* result)
 {
-    return NotBuilt();
+    if (!IsCell(*this, row, col))
+        return LORV_E_INDEX;
+    return ReturnText(result, GetCellText(*this, row, col));
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_TextMatrix(LONG, LONG, BSTR)
+HRESULT STDMETHODCALLTYPE GridMembers::put_TextMatrix(LONG row, LONG col, BSTR value)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    HRESULT result = SetCellText(*this, row, col, value);
+    if (SUCCEEDED(result))
+        RepaintCell(*this, row, col);
+    return result;
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ValueMatrix(LONG, LONG, DOUBLE*)

@@ -1,67 +1,81 @@
 // Members of the grid: numbers of rows and columns.
+#include "core/events.h"
+#include "core/row_col.h"
 #include "shell/members/members.h"
+#include "shell/members/property_setters.h"
 
-static HRESULT NotBuilt()
+HRESULT STDMETHODCALLTYPE GridMembers::get_Rows(LONG* result)
 {
-    return E_NOTIMPL;
+    return Return(result, Rows);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_Rows(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_Rows(LONG value)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    if (HRESULT guard = GuardRows(*this); FAILED(guard))
+        return guard;
+    if (!CommitEdit(*this))
+        return S_OK;
+    if (HRESULT result = ResizeRows(*this, value); FAILED(result))
+        return result;
+    FinishProperty(*this, 7, StepRepaint);
+    return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_Rows(LONG)
+HRESULT STDMETHODCALLTYPE GridMembers::get_Cols(LONG* result)
 {
-    return NotBuilt();
+    return Return(result, Cols);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_Cols(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_Cols(LONG value)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    if (HRESULT guard = GuardCols(*this); FAILED(guard))
+        return guard;
+    if (!CommitEdit(*this))
+        return S_OK;
+    if (HRESULT result = ResizeCols(*this, value); FAILED(result))
+        return result;
+    FinishProperty(*this, 8, StepRepaint);
+    return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_Cols(LONG)
+HRESULT STDMETHODCALLTYPE GridMembers::get_FixedRows(LONG* result)
 {
-    return NotBuilt();
+    return Return(result, FixedRows);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_FixedRows(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_FixedRows(LONG value)
 {
-    return NotBuilt();
+    return SetFixedRows(*this, value);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_FixedRows(LONG)
+HRESULT STDMETHODCALLTYPE GridMembers::get_FixedCols(LONG* result)
 {
-    return NotBuilt();
+    return Return(result, FixedCols);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_FixedCols(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_FixedCols(LONG value)
 {
-    return NotBuilt();
+    return SetFixedCols(*this, value);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_FixedCols(LONG)
+HRESULT STDMETHODCALLTYPE GridMembers::get_FrozenRows(LONG* result)
 {
-    return NotBuilt();
+    return Return(result, FrozenRows);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_FrozenRows(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_FrozenRows(LONG value)
 {
-    return NotBuilt();
+    return SetFrozenRows(*this, value);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_FrozenRows(LONG)
+HRESULT STDMETHODCALLTYPE GridMembers::get_FrozenCols(LONG* result)
 {
-    return NotBuilt();
+    return Return(result, FrozenCols);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_FrozenCols(LONG*)
+HRESULT STDMETHODCALLTYPE GridMembers::put_FrozenCols(LONG value)
 {
-    return NotBuilt();
-}
-
-HRESULT STDMETHODCALLTYPE GridMembers::put_FrozenCols(LONG)
-{
-    return NotBuilt();
+    return SetFrozenCols(*this, value);
 }
