@@ -75,6 +75,7 @@ void ResetProperties(Grid& grid) noexcept
 
 Grid::Grid()
 {
+    LoadThemeLibrary(*this);
     ResetProperties(*this);
 }
 
@@ -86,6 +87,8 @@ Grid::~Grid()
     ResizeRows(*this, 0);
     ResizeCols(*this, 0);
     ReleaseDrawingObjects(*this);
+    UnloadThemeLibrary(*this);
+    FreeAndClear(ComboList);
     FreeAndClear(FormatString);
     SysFreeString(ClipSeparators);
     for (IPictureDisp** picture : {&MouseIcon, &WallPaper, &CellButtonPicture, &NodeOpenPicture,

@@ -166,6 +166,21 @@ struct PaintBufferState {
     RECT BufferRect;
 };
 
+// What draws in the look of the system's theme: the entries of the theme library, loaded by name so that
+// the control works where there is none, and the open classes. Handles are null until first used.
+struct ThemeWrapper {
+    HWND ThemeWindow; // the window that themes apply to, null when closed
+    HANDLE ButtonTheme, ComboTheme, HeaderTheme, TreeTheme;
+    int32_t ThemeActive; // themes are in force for the window
+    HMODULE ThemeLibrary;
+    HANDLE(WINAPI* OpenThemeData)(HWND, LPCWSTR);
+    HRESULT(WINAPI* CloseThemeData)(HANDLE);
+    HRESULT(WINAPI* DrawThemeBackground)(HANDLE, HDC, int, int, const RECT*, const RECT*);
+    HRESULT(WINAPI* DrawThemeParentBackground)(HWND, HDC, const RECT*);
+    BOOL(WINAPI* IsThemeBackgroundPartiallyTransparent)(HANDLE, int, int);
+    HANDLE(WINAPI* GetWindowTheme)(HWND);
+};
+
 constexpr int MaxOutlineLevels = 128;
 
 // What BoundKind says besides the variant type of a bound array.
@@ -279,6 +294,13 @@ struct Grid {
     int32_t HoverRow = -1, HoverCol = -1;
     DrawingObjects Drawing = {};
     PaintBufferState PaintBuffer = {};
+    HPALETTE Palette = nullptr;  // the host's, as last asked for; not owned
+    bool DrawingForView = false; // the host renders the control through its view interface
+    ThemeWrapper Theme = {};
+
+    // Printing: where the next page starts, and where the last band of rows stopped
+    int32_t PrintStartRow = 0, PrintStartCol = 0;
+    int32_t PrintNextRow = 0, PrintNextCol = 0;
 
     // Editing
     int32_t EditRow = 0, EditCol = 0, EditRowSel = 0, EditColSel = 0;
@@ -286,6 +308,7 @@ struct Grid {
     int32_t ActiveEditor = 0; // 0 none, 666 text editor, 667 drop-down
     uint32_t EditFlags = 0;   // EditFlag
     int32_t EditMaxLength = 0;
+    wchar_t* ComboList = nullptr; // owned; the list of cells whose column has none
 
     // Outline
     int32_t OutlineLevelCount = 0;

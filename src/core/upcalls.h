@@ -26,6 +26,9 @@ RECT CellRect(Grid& grid, int row, int col);
 int ColX(Grid& grid, int col);
 int RowY(Grid& grid, int row);
 void ApplyBorderStyle(Grid& grid);
+// The entries of the theme library, asked for by name; without the library everything is drawn classically.
+void LoadThemeLibrary(Grid& grid);
+void UnloadThemeLibrary(Grid& grid);
 void RefreshMouseCursor(Grid& grid);
 // Lets the user drag a row with the mouse; its final position.
 int DragRowWithMouse(Grid& grid, int row);
@@ -46,6 +49,11 @@ void ReleaseComboState(struct ComboListState& state);
 void ReleaseEditorList(Grid& grid);
 // Counts the outline levels anew.
 void RebuildOutlineLevels(Grid& grid);
+
+// The window of the open cell editor, null while there is none.
+HWND OpenEditorWindow(const Grid& grid);
+// The typed characters of a running search, `grid.SearchLength` of them.
+const wchar_t* SearchedText(const Grid& grid);
 
 // shell
 // Asks the site of a windowless control, or the view advise sink of an inactive one, for a repaint.

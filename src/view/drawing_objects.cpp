@@ -1,3 +1,5 @@
+#include "view/drawing_objects.h"
+
 #include "core/property_frame.h"
 #include "core/upcalls.h"
 #include "platform/variant.h"
@@ -25,25 +27,18 @@ HPALETTE AmbientPalette(Grid& grid) noexcept
     return reinterpret_cast<HPALETTE>(static_cast<intptr_t>(VariantToLong(palette.Get(), 0)));
 }
 
-COLORREF Translated(OLE_COLOR colour, HPALETTE palette) noexcept
-{
-    COLORREF result = 0;
-    OleTranslateColor(colour, palette, &result);
-    return result;
-}
-
-void ReplaceBrush(HBRUSH& brush, OLE_COLOR colour, HPALETTE palette) noexcept
+void ReplaceBrush(HBRUSH& brush, COLORREF colour) noexcept
 {
     if (brush)
         DeleteObject(brush);
-    brush = CreateSolidBrush(Translated(colour, palette));
+    brush = CreateSolidBrush(colour);
 }
 
 // For the colours of which 0 says "none".
-void ReplaceOptionalBrush(HBRUSH& brush, OLE_COLOR colour, HPALETTE palette) noexcept
+void ReplaceOptionalBrush(HBRUSH& brush, const Grid& grid, OLE_COLOR colour) noexcept
 {
     if (colour != 0)
-        return ReplaceBrush(brush, colour, palette);
+        return ReplaceBrush(brush, TranslatedColor(grid, colour));
     if (brush)
         DeleteObject(brush);
     brush = nullptr;
@@ -63,28 +58,29 @@ void RebuildSystemPens(DrawingObjects& drawing) noexcept
     ReplacePen(drawing.HilitePen, 1, GetSysColor(COLOR_BTNHIGHLIGHT));
 }
 
-void RebuildOne(Grid& grid, int index, HPALETTE palette) noexcept
+void RebuildOne(Grid& grid, int index) noexcept
 {
     DrawingObjects& drawing = grid.Drawing;
     switch (index) {
     case BackBrush:
-        return ReplaceBrush(drawing.Back, grid.BackColor, palette);
+        return ReplaceBrush(drawing.Back, TranslatedColor(grid, grid.BackColor));
     case AlternateBrush:
-        return ReplaceOptionalBrush(drawing.Alternate, grid.BackColorAlternate, palette);
+        return ReplaceOptionalBrush(drawing.Alternate, grid, grid.BackColorAlternate);
     case FixedBrush:
-        return ReplaceBrush(drawing.Fixed, grid.BackColorFixed, palette);
+        return ReplaceBrush(drawing.Fixed, TranslatedColor(grid, grid.BackColorFixed));
     case SelectionBrush:
-        return ReplaceBrush(drawing.Selection, grid.BackColorSel, palette);
+        return ReplaceBrush(drawing.Selection, TranslatedColor(grid, grid.BackColorSel));
     case BackgroundBrush:
-        return ReplaceBrush(drawing.Background, grid.BackColorBkg, palette);
+        return ReplaceBrush(drawing.Background, TranslatedColor(grid, grid.BackColorBkg));
     case GridLinePen:
-        return ReplacePen(drawing.GridPen, grid.GridLineWidth, Translated(grid.GridColor, palette));
+        return ReplacePen(drawing.GridPen, grid.GridLineWidth, TranslatedColor(grid, grid.GridColor));
     case GridLineFixedPen:
-        return ReplacePen(drawing.GridPenFixed, grid.GridLineWidth, Translated(grid.GridColorFixed, palette));
+        return ReplacePen(drawing.GridPenFixed, grid.GridLineWidth,
+                          TranslatedColor(grid, grid.GridColorFixed));
     case SheetBorderPen:
-        return ReplacePen(drawing.SheetPen, 0, Translated(grid.SheetBorder, palette));
+        return ReplacePen(drawing.SheetPen, 0, TranslatedColor(grid, grid.SheetBorder));
     case FrozenBrush:
-        return ReplaceOptionalBrush(drawing.Frozen, grid.BackColorFrozen, palette);
+        return ReplaceOptionalBrush(drawing.Frozen, grid, grid.BackColorFrozen);
     }
 }
 } // namespace
@@ -93,12 +89,25 @@ void RebuildGdi(Grid& grid, int index)
 {
     if (index < -1 || index >= DrawingObjectCount)
         return;
-    HPALETTE palette = AmbientPalette(grid);
     if (index >= 0)
-        return RebuildOne(grid, index, palette);
+        return RebuildOne(grid, index);
+    grid.Palette = AmbientPalette(grid);
     RebuildSystemPens(grid.Drawing);
     for (int each = 0; each < DrawingObjectCount; ++each)
-        RebuildOne(grid, each, palette);
+        RebuildOne(grid, each);
+}
+
+COLORREF TranslatedColor(const Grid& grid, OLE_COLOR colour) noexcept
+{
+    COLORREF result = 0;
+    OleTranslateColor(colour, grid.Palette, &result);
+    return result;
+}
+
+HBRUSH ScratchBrush(Grid& grid, OLE_COLOR colour) noexcept
+{
+    ReplaceBrush(grid.Drawing.Scratch, TranslatedColor(grid, colour));
+    return grid.Drawing.Scratch;
 }
 
 void ReleaseDrawingObjects(Grid& grid)

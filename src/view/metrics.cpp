@@ -1,5 +1,6 @@
 #include "view/metrics.h"
 
+#include "core/merge.h"
 #include "platform/dpi.h"
 
 #include <algorithm>
@@ -76,7 +77,10 @@ int RowY(Grid& grid, int row)
     return y;
 }
 
-int ColX(Grid& grid, int col)
+namespace
+{
+// Left of a column when nothing is mirrored.
+int PlainColX(const Grid& grid, int col)
 {
     int frozenEnd = FrozenEndCol(grid);
     int x = 0;
@@ -88,21 +92,40 @@ int ColX(Grid& grid, int col)
         for (int c = grid.LeftCol; c > col; --c)
             x -= EffectiveColWidth(grid, c);
     }
-    if (HasOption(grid, OptionRightToLeft))
-        x = ClientRectOf(grid).right - x - EffectiveColWidth(grid, col);
     return x;
+}
+
+int ColXIn(const Grid& grid, int col, const RECT& client)
+{
+    int x = PlainColX(grid, col);
+    return HasOption(grid, OptionRightToLeft) ? client.right - x - EffectiveColWidth(grid, col) : x;
+}
+} // namespace
+
+int ColX(Grid& grid, int col)
+{
+    int x = PlainColX(grid, col);
+    return HasOption(grid, OptionRightToLeft) ? ClientRectOf(grid).right - x - EffectiveColWidth(grid, col)
+                                              : x;
+}
+
+RECT CellRectIn(Grid& grid, int row, int col, const RECT& client)
+{
+    RECT cell = {ColXIn(grid, col, client), RowY(grid, row), 0, 0};
+    cell.right = cell.left + EffectiveColWidth(grid, col);
+    cell.bottom = cell.top + EffectiveRowHeight(grid, row);
+    MergedPaintRect(grid, row, col, cell, client);
+    int lastCol = IsCell(grid, row, col) ? MergedRangeOf(grid, row, col).Col2 : col;
+    if (IsLastVisibleCol(grid, lastCol)) {
+        if (HasOption(grid, OptionRightToLeft))
+            cell.left = 0;
+        else
+            cell.right = client.right;
+    }
+    return cell;
 }
 
 RECT CellRect(Grid& grid, int row, int col)
 {
-    RECT cell = {ColX(grid, col), RowY(grid, row), 0, 0};
-    cell.right = cell.left + EffectiveColWidth(grid, col);
-    cell.bottom = cell.top + EffectiveRowHeight(grid, row);
-    if (IsLastVisibleCol(grid, col)) {
-        if (HasOption(grid, OptionRightToLeft))
-            cell.left = 0;
-        else
-            cell.right = ClientRectOf(grid).right;
-    }
-    return cell;
+    return CellRectIn(grid, row, col, ClientRectOf(grid));
 }

@@ -9,3 +9,5 @@
 RECT ClientRectOf(const Grid& grid) noexcept;
 // Whether the column is stretched to the edge of the client area by ExtendLastCol.
 bool IsLastVisibleCol(const Grid& grid, int col) noexcept;
+// As CellRect, with `client` in the place of the window's client rectangle.
+RECT CellRectIn(Grid& grid, int row, int col, const RECT& client);

@@ -1,5 +1,17 @@
 #include "core/upcalls.h"
 #include "view/metrics.h"
+#include "view/scroll.h"
+
+namespace
+{
+void RepaintOpenEditor(const Grid& grid, int row, int col)
+{
+    if (grid.ActiveEditor == 0 || row != grid.EditRow || col != grid.EditCol)
+        return;
+    if (HWND editor = OpenEditorWindow(grid))
+        InvalidateRect(editor, nullptr, TRUE);
+}
+} // namespace
 
 void RepaintGrid(Grid& grid)
 {
@@ -11,14 +23,19 @@ void RepaintGrid(Grid& grid)
 
 void RepaintCell(Grid& grid, int row, int col)
 {
-    if (grid.Redraw == lorvRDNone || !grid.Window)
+    if (grid.Redraw == lorvRDNone)
         return;
-    if (MergesAtAll(grid) && HasOption(grid, OptionMergeStale)) {
-        InvalidateRect(grid.Window, nullptr, FALSE);
+    bool merges = MergesAtAll(grid);
+    if (!merges && !IsCellVisible(grid, row, col))
         return;
+    // Any merged range can have changed its shape.
+    if (!grid.Window || (merges && HasOption(grid, OptionMergeStale))) {
+        RepaintGrid(grid);
+    } else {
+        RECT cell = CellRect(grid, row, col);
+        InvalidateRect(grid.Window, &cell, FALSE);
     }
-    RECT cell = CellRect(grid, row, col);
-    InvalidateRect(grid.Window, &cell, FALSE);
+    RepaintOpenEditor(grid, row, col);
 }
 
 void RepaintSelection(Grid& grid)

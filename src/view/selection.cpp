@@ -1,6 +1,21 @@
+#include "view/selection.h"
+
 #include "core/errors.h"
 #include "core/events.h"
 #include "core/upcalls.h"
+
+#include <algorithm>
+
+bool IsRowSelected(const Grid& grid, int row) noexcept
+{
+    bool list = grid.SelectionMode == lorvSelectionListBox;
+    if (list && grid.ActiveEditor != 0 && row == grid.Row)
+        return true;
+    bool dragged = row >= std::min(grid.Row, grid.RowSel) && row <= std::max(grid.Row, grid.RowSel);
+    if ((grid.PaintMode & PaintMouseHeld) && dragged)
+        return !list || (grid.PaintMode & PaintListDragAdds);
+    return (grid.RowTable[row].Flags & RowFlagSelected) != 0;
+}
 
 void FireSelectionEvents(Grid& grid)
 {

@@ -1,0 +1,6 @@
+#include "core/upcalls.h"
+
+const wchar_t* SearchedText(const Grid&)
+{
+    return L"";
+}
