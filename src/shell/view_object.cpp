@@ -35,10 +35,13 @@ void DrawGridInto(Grid& grid, HDC context, HDC target, const RECTL& bounds)
     RECT area = {bounds.left, bounds.top, bounds.right, bounds.bottom};
     if (!target)
         target = context;
+    bool nested = grid.DrawingForView;
+    grid.DrawingForView = true;
     if (IsMetafile(context))
         OnDraw(grid, {context, target, area});
     else
         DrawInPixels(grid, context, target, area);
+    grid.DrawingForView = nested;
 }
 
 HRESULT ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC target, HDC context, LPCRECTL bounds,

@@ -6,7 +6,7 @@
 #include "view/focus.h"
 #include "view/paint.h"
 #include "view/running_object.h"
-
+#include "view/theme.h"
 
 namespace
 {
@@ -89,6 +89,7 @@ bool OnSize(Grid& grid, WPARAM, LPARAM, LRESULT&)
 bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     RegisterRunningObject(grid);
+    ThemeReopen(grid, grid.Window);
     ApplyBorderStyle(grid);
     if (IsDesignMode(grid))
         return true;
@@ -103,6 +104,13 @@ bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
 bool OnDestroy(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     RevokeRunningObject(grid);
+    CloseThemes(grid);
+    return true;
+}
+
+bool OnThemeChanged(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    ThemeReopen(grid, grid.Window);
     return true;
 }
 
@@ -149,6 +157,7 @@ constexpr struct {
     {WM_SIZE, OnSize},
     {WM_CREATE, OnCreate},
     {WM_DESTROY, OnDestroy},
+    {WM_THEMECHANGED, OnThemeChanged},
     {MessagePrint, OnPrintMessage},
     {MessageReserved, OnReserved},
     {MessageIdentify, OnIdentify},

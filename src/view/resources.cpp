@@ -26,6 +26,11 @@ struct ModuleResources {
 };
 ModuleResources resources;
 
+// Gives them back when the module goes.
+struct ResourceOwner {
+    ~ResourceOwner() { ReleaseModuleResources(); }
+} resourceOwner;
+
 bool IsInk(const MarkArt& art, int x, int y) noexcept
 {
     return art.Rows[y][x] == '#';
