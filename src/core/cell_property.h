@@ -44,8 +44,9 @@ class CellValue
 {
 public:
     constexpr CellValue(std::nullptr_t = nullptr) noexcept : pointer_(nullptr) {}
-    template<class Number>
-    requires(std::is_integral_v<Number> || std::is_enum_v<Number>) constexpr CellValue(Number number) noexcept
+    template<class Integer>
+    requires(std::is_integral_v<Integer> ||
+             std::is_enum_v<Integer>) constexpr CellValue(Integer number) noexcept
         : number_(static_cast<uint32_t>(number))
     {
     }

@@ -1,5 +1,7 @@
 // Members of the grid: totals, outline and nodes.
+#include "core/events.h"
 #include "shell/members/members.h"
+#include "shell/members/property_setters.h"
 
 static HRESULT NotBuilt()
 {
@@ -16,14 +18,23 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_SubtotalPosition(SubtotalPositionSett
     return NotBuilt();
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_IsSubtotal(LONG, VARIANT_BOOL*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_IsSubtotal(LONG row, VARIANT_BOOL* result)
 {
-    return NotBuilt();
+    return IsRow(*this, row) ? ReturnFlag(result, RowTable[row].Flags & RowFlagSubtotal) : LORV_E_INDEX;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_IsSubtotal(LONG, VARIANT_BOOL)
+HRESULT STDMETHODCALLTYPE GridMembers::put_IsSubtotal(LONG row, VARIANT_BOOL value)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    HRESULT result = ForRows(*this, row, [&](int each) {
+        uint8_t& flags = RowTable[each].Flags;
+        flags = static_cast<uint8_t>(value & 1 ? flags | RowFlagSubtotal : flags & ~RowFlagSubtotal);
+    });
+    if (FAILED(result))
+        return result;
+    MarkMergeStale(*this);
+    RebuildOutlineLevels(*this);
+    return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::Subtotal(SubtotalSettings, VARIANT, VARIANT, VARIANT, VARIANT, VARIANT,
@@ -72,14 +83,27 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_IsCollapsed(LONG, CollapsedSettings)
     return NotBuilt();
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_RowOutlineLevel(LONG, SHORT*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_RowOutlineLevel(LONG row, SHORT* result)
 {
-    return NotBuilt();
+    return IsRow(*this, row) ? Return(result, RowTable[row].OutlineLevel) : LORV_E_INDEX;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_RowOutlineLevel(LONG, SHORT)
+// The level of a data row is kept too, but shows only once the row is a total.
+HRESULT STDMETHODCALLTYPE GridMembers::put_RowOutlineLevel(LONG row, SHORT value)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    bool total = false;
+    HRESULT result = ForRows(*this, row, [&](int each) {
+        RowTable[each].OutlineLevel = static_cast<int8_t>(value);
+        total = total || (RowTable[each].Flags & RowFlagSubtotal);
+    });
+    if (FAILED(result) || !total)
+        return result;
+    RebuildOutlineLevels(*this);
+    MarkMergeStale(*this);
+    RecalculateLayout(*this);
+    RepaintGrid(*this);
+    return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::GetNodeRow(LONG, NodeTypeSettings, LONG*)
