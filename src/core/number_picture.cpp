@@ -95,22 +95,26 @@ double AdjustValue(const NumberPicture& picture, double value)
     return value;
 }
 
-// The digits of a number as the runtime prints them, cut at the point.
+// The digits of a number as the runtime prints them, cut at the point. What stands for the point there is the
+// runtime's business.
 struct Digits {
     char Text[DigitBufferSize];
+    int Length = 0;
     int WholeCount = 0;
     int DecimalCount = 0; // those that were printed
 
     bool Print(double magnitude, int decimals)
     {
         DecimalCount = decimals < MostDecimals ? decimals : MostDecimals;
-        const int length = std::snprintf(Text, sizeof Text, "%.*lf", DecimalCount, magnitude);
-        const int pointLength = DecimalCount > 0 ? 1 : 0;
-        WholeCount = length - DecimalCount - pointLength;
-        return length > 0 && length < DigitBufferSize && WholeCount > 0;
+        Length = std::snprintf(Text, sizeof Text, "%.*lf", DecimalCount, magnitude);
+        if (Length <= 0 || Length >= DigitBufferSize)
+            return false;
+        while (Text[WholeCount] >= '0' && Text[WholeCount] <= '9')
+            ++WholeCount;
+        return WholeCount > 0;
     }
 
-    const char* Decimals() const { return Text + WholeCount + 1; }
+    const char* Decimals() const { return Text + Length - DecimalCount; }
 };
 
 void PutWhole(TextWriter& writer, const LocaleInfo& locale, const NumberPicture& picture,

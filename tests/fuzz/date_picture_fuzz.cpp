@@ -1,3 +1,4 @@
+// sources: core/date_picture.cpp
 // A date in the first eight bytes, a date format behind them: what is translated fits its buffer and is known
 // to the runtime unless the format quotes a percent sign, and a date that splits is put together again.
 #include "core/date_picture.h"

@@ -1,3 +1,4 @@
+// sources: core/number_picture.cpp
 // A value in the first eight bytes, a number format behind them: the writer stays in its buffer, whatever its
 // size.
 #include "core/number_picture.h"

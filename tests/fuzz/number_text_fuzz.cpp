@@ -1,3 +1,4 @@
+// sources: core/number_text.cpp
 // Number texts of every shape, under the three shapes of locale: whatever the recogniser accepts the parser
 // reads as a number that is no NaN, and neither leaves the text.
 #include "core/number_text.h"
