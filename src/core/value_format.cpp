@@ -6,12 +6,12 @@
 #include "core/number_picture.h"
 #include "core/number_text.h"
 #include "core/text_scan.h"
-#include "platform/bstr.h"
 #include "platform/variant.h"
 
-#include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <cwchar>
+#include <utility>
 
 namespace
 {
@@ -31,21 +31,29 @@ struct ValueFormatState {
 };
 ValueFormatState valueFormat;
 
-bool ConvertText(const wchar_t* text, VARTYPE type, OwnedVariant& result) noexcept
+// False when there is no memory for a copy of the text.
+bool SetText(VARIANT& value, const wchar_t* text) noexcept
+{
+    value.bstrVal = SysAllocString(text);
+    value.vt = value.bstrVal ? VT_BSTR : VT_EMPTY;
+    return value.bstrVal != nullptr;
+}
+
+bool PlatformDate(const wchar_t* text, double* date) noexcept
 {
     OwnedVariant source;
-    source.Get().vt = VT_BSTR;
-    source.Get().bstrVal = SysAllocString(text);
-    return source.Get().bstrVal && SUCCEEDED(VariantChangeType(&result.Get(), &source.Get(), 0, type));
+    OwnedVariant result;
+    if (!SetText(source.Get(), text) || FAILED(VariantChangeType(&result.Get(), &source.Get(), 0, VT_DATE)))
+        return false;
+    *date = result.Get().date;
+    return true;
 }
 
 // The platform knows no percent sign: a blank stands in for it, in a copy.
 bool PlatformNumber(const wchar_t* text, double* value) noexcept
 {
     OwnedVariant source;
-    source.Get().vt = VT_BSTR;
-    source.Get().bstrVal = SysAllocString(text);
-    if (!source.Get().bstrVal)
+    if (!SetText(source.Get(), text))
         return false;
     wchar_t* percent = std::wcschr(source.Get().bstrVal, L'%');
     if (percent)
@@ -234,19 +242,21 @@ const wchar_t* GetDisplayText(Grid& grid, int row, int col) noexcept
 {
     if (!IsCell(grid, row, col))
         return nullptr;
-    const ColRecord& column = grid.ColTable[col];
-    const wchar_t* format = column.ColFormat;
-    if (format)
-        if (const int state = CheckStateOf(grid, row, col))
-            return CheckStateWord(format, state == lorvChecked);
+    // A text that a data source gives is a call to the host, after which the tables may be others.
+    const int state = grid.ColTable[col].ColFormat ? CheckStateOf(grid, row, col) : 0;
+    if (!IsCell(grid, row, col))
+        return nullptr;
+    if (state && grid.ColTable[col].ColFormat)
+        return CheckStateWord(grid.ColTable[col].ColFormat, state == lorvChecked);
 
     const wchar_t* text = GetCellText(grid, row, col);
-    if (!text || !*text)
+    if (!text || !*text || !IsCell(grid, row, col))
         return nullptr;
+    const ColRecord& column = grid.ColTable[col];
     if (column.ComboState.ComboCount > 0)
         if (const wchar_t* listed = ListText(column.ComboState, text))
             return listed;
-    return format ? FormatText(format, text) : text;
+    return column.ColFormat ? FormatText(column.ColFormat, text) : text;
 }
 
 const wchar_t* FormatText(const wchar_t* format, const wchar_t* text) noexcept
@@ -281,11 +291,8 @@ double TextToDouble(const wchar_t* text) noexcept
 bool TextToDateOrNumber(const wchar_t* text, double* value) noexcept
 {
     *value = 0.0;
-    OwnedVariant date;
-    if (text && ConvertText(text, VT_DATE, date)) {
-        *value = date.Get().date;
+    if (text && PlatformDate(text, value))
         return true;
-    }
     if (!IsNumericText(text))
         return false;
     *value = TextToDouble(text);
@@ -308,20 +315,14 @@ HRESULT TextToVariant(const wchar_t* text, VARIANT* value, int type) noexcept
             continue;
         OwnedVariant source;
         source.Get().vt = VT_NULL; // an empty text has no value of any type
-        if (!empty) {
-            source.Get().bstrVal = SysAllocString(text);
-            source.Get().vt = VT_BSTR;
-            if (!source.Get().bstrVal)
-                return E_OUTOFMEMORY;
-        }
+        if (!empty && !SetText(source.Get(), text))
+            return E_OUTOFMEMORY;
         const HRESULT result = VariantChangeType(value, &source.Get(), 0, conversion.VariantType);
         if (FAILED(result))
             std::swap(*value, source.Get());
         return result;
     }
-    value->bstrVal = SysAllocString(empty ? L"" : text);
-    value->vt = value->bstrVal ? VT_BSTR : VT_EMPTY;
-    return value->bstrVal ? S_OK : E_OUTOFMEMORY;
+    return SetText(*value, empty ? L"" : text) ? S_OK : E_OUTOFMEMORY;
 }
 
 const wchar_t* FormatDate(const wchar_t* format, double date) noexcept
