@@ -4,6 +4,7 @@
 // object; which part answers for which interface is a table that QueryInterface walks.
 
 #include "core/grid_object.h"
+#include "shell/module.h"
 
 #include <iterator>
 
@@ -85,5 +86,6 @@ protected:
     virtual ~HeapObject() = default;
 
 private:
+    ModuleLock moduleLock_;
     ULONG references_ = 1;
 };
