@@ -360,6 +360,21 @@ TEST(TextToDateOrNumber, ADateFirstThenANumber)
     EXPECT_FALSE(TextToDateOrNumber(nullptr, &value));
 }
 
+TEST(TextToDateOrNumber, BearsTextsOfAnyLength)
+{
+    const std::wstring digits(40000, L'1');
+    std::wstring slashes;
+    for (int i = 0; i < 20000; ++i)
+        slashes += L"1/";
+    for (const std::wstring& text : {digits, slashes, L"(" + digits + L")", std::wstring(40000, L'(')}) {
+        double value = 0.0;
+        TextToDateOrNumber(text.c_str(), &value);
+        TextToDouble(text.c_str());
+        for (const wchar_t* format : {L"#,##0.00", L"000", L"Currency", L"yyyy"})
+            EXPECT_NE(FormatText(format, text.c_str()), nullptr);
+    }
+}
+
 TEST(TextToVariant, ConvertsToTheTypeOfTheColumn)
 {
     struct {
