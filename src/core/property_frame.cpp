@@ -51,12 +51,12 @@ bool ReadAmbient(Grid& grid, DISPID dispid, VARIANT& value) noexcept
 
 bool IsDesignMode(Grid& grid)
 {
+    if (grid.DesignModeCache >= 0)
+        return grid.DesignModeCache != 0;
     KeepAlive alive(grid);
-    if (grid.DesignModeCache < 0) {
-        OwnedVariant userMode;
-        if (ReadAmbient(grid, DISPID_AMBIENT_USERMODE, userMode.Get()) && userMode.Type() == VT_BOOL)
-            grid.DesignModeCache = userMode.Get().boolVal == VARIANT_FALSE;
-    }
+    OwnedVariant userMode;
+    if (ReadAmbient(grid, DISPID_AMBIENT_USERMODE, userMode.Get()) && userMode.Type() == VT_BOOL)
+        grid.DesignModeCache = userMode.Get().boolVal == VARIANT_FALSE;
     return grid.DesignModeCache > 0;
 }
 

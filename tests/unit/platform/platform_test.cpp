@@ -49,6 +49,13 @@ TEST(Memory, RefusesSizesThatDoNotFit)
     EXPECT_EQ(DuplicateText(L"x", static_cast<size_t>(-1) / 2), nullptr);
 }
 
+TEST(Memory, RefusesABlockThatTheMachineCannotBack)
+{
+    HeapBalance balance;
+    EXPECT_EQ(ReallocateBlock(nullptr, size_t{1} << 45), nullptr);
+    EXPECT_EQ(AllocateZeroed(size_t{1} << 40, 32), nullptr);
+}
+
 TEST(Memory, DuplicatesTheFirstCharacters)
 {
     HeapBalance balance;
