@@ -1,11 +1,5 @@
 #include "view/paint.h"
 
-<<<<<<< HEAD
-#include "core/upcalls.h"
-
-void OnDraw(Grid& grid, const DrawInfo& info)
-{
-=======
 #include "core/events.h"
 #include "core/font_pool.h"
 #include "core/merge.h"
@@ -147,14 +141,10 @@ void RefreshForPaint(Grid& grid)
         grid.FontHandle = handle;
         RecalcDefaultRowHeight(grid);
     }
->>>>>>> 12b3a2d (The grid paints itself: cells, lines, headers, marks and what surrounds the sheet)
     if (HasOption(grid, OptionGdiStale)) {
         RebuildGdi(grid, -1);
         SetOption(grid, OptionGdiStale, false);
     }
-<<<<<<< HEAD
-    FillRect(info.Context, &info.Bounds, grid.Drawing.Background);
-=======
 }
 
 // A page ends with the last column that fits on it.
@@ -412,5 +402,4 @@ void OnDraw(Grid& grid, const DrawInfo& info)
 long DrawCount() noexcept
 {
     return drawCount;
->>>>>>> 12b3a2d (The grid paints itself: cells, lines, headers, marks and what surrounds the sheet)
 }

@@ -1,18 +1,4 @@
 #pragma once
-<<<<<<< HEAD
-// Drawing the grid.
-
-#include "core/grid_object.h"
-
-// What to draw on, and where: `Target` is the device that text is measured for, on a screen the same.
-struct DrawInfo {
-    HDC Context;
-    HDC Target;
-    RECT Bounds; // device pixels; in a metafile, its logical units
-};
-
-void OnDraw(Grid& grid, const DrawInfo& info);
-=======
 // One paint of the grid, from the draw entry down to the bands of rows.
 
 #include "core/grid_object.h"
@@ -37,4 +23,3 @@ void PaintBand(Grid& grid, HDC dc, const RECT& bounds, const RECT* clip, RECT& c
 
 // Draws since the process started. For tests.
 long DrawCount() noexcept;
->>>>>>> 12b3a2d (The grid paints itself: cells, lines, headers, marks and what surrounds the sheet)
