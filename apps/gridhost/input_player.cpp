@@ -1,0 +1,90 @@
+#include "input_player.h"
+
+#include "message_pump.h"
+
+static constexpr DWORD stepMilliseconds = 8;    // between two steps
+static constexpr DWORD settleMilliseconds = 40; // for what the last step has set off
+
+static INPUT MouseInput(DWORD flags, DWORD data = 0)
+{
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
+    return input;
+}
+
+void InputPlayer::MoveTo(POINT screen)
+{
+    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    input.mi.dx = MulDiv(screen.x, 65536, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = MulDiv(screen.y, 65536, GetSystemMetrics(SM_CYSCREEN));
+    steps_.push_back(input);
+}
+
+void InputPlayer::Button(int button, bool down)
+{
+    DWORD flag = down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
+    if (button == 2)
+        flag = down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
+    if (button == 4)
+        flag = down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP;
+    steps_.push_back(MouseInput(flag));
+}
+
+void InputPlayer::Wheel(int delta, bool horizontal)
+{
+    steps_.push_back(MouseInput(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, DWORD(delta)));
+}
+
+void InputPlayer::AddKey(unsigned short virtualKey, wchar_t character, DWORD flags)
+{
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = virtualKey;
+    input.ki.wScan = virtualKey ? WORD(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC)) : WORD(character);
+    input.ki.dwFlags = flags | (virtualKey ? 0 : KEYEVENTF_UNICODE);
+    if ((virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT ||
+        virtualKey == VK_DELETE)
+        input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
+    steps_.push_back(input);
+}
+
+void InputPlayer::Shift(unsigned shift, bool down)
+{
+    static constexpr unsigned short keys[] = {VK_SHIFT, VK_CONTROL, VK_MENU};
+    for (unsigned bit = 0; bit < 3; ++bit)
+        if (shift & 1u << bit)
+            AddKey(keys[bit], 0, down ? 0 : KEYEVENTF_KEYUP);
+}
+
+void InputPlayer::Key(const KeyStroke& stroke)
+{
+    Shift(stroke.shift, true);
+    AddKey(stroke.virtualKey, stroke.character, 0);
+    AddKey(stroke.virtualKey, stroke.character, KEYEVENTF_KEYUP);
+    Shift(stroke.shift, false);
+}
+
+DWORD WINAPI InputPlayer::PlayThread(void* self)
+{
+    for (INPUT& step : static_cast<InputPlayer*>(self)->steps_) {
+        SendInput(1, &step, sizeof(step));
+        Sleep(stepMilliseconds);
+    }
+    Sleep(settleMilliseconds);
+    return 0;
+}
+
+void InputPlayer::Play(Container& container, RunState& state)
+{
+    if (container.Frame())
+        SetForegroundWindow(container.Frame());
+    HANDLE thread = CreateThread(nullptr, 0, PlayThread, this, 0, nullptr);
+    if (!thread)
+        return;
+    PumpUntilSignalled(container, state, thread);
+    CloseHandle(thread);
+    PumpPending(container, state);
+    steps_.clear();
+}

@@ -1,0 +1,28 @@
+// Plays real mouse and keyboard input into the session.
+#pragma once
+
+#include "container.h"
+#include "key_text.h"
+#include "run_state.h"
+#include <vector>
+#include <windows.h>
+
+// Collects steps, then plays them from a thread of its own while the caller pumps messages: the
+// control may run a loop of its own between the press and the release of a button.
+class InputPlayer
+{
+public:
+    void MoveTo(POINT screen);
+    void Button(int button, bool down); // 1 left, 2 right, 4 middle
+    void Wheel(int delta, bool horizontal);
+    void Shift(unsigned shift, bool down); // 1 Shift, 2 Ctrl, 4 Alt
+    void Key(const KeyStroke& stroke);
+
+    void Play(Container& container, RunState& state);
+
+private:
+    static DWORD WINAPI PlayThread(void* self);
+    void AddKey(unsigned short virtualKey, wchar_t character, DWORD flags);
+
+    std::vector<INPUT> steps_;
+};

@@ -1,0 +1,94 @@
+' The main demo: a list of orders from a data file, with headers, frozen columns and colours.
+Option Explicit
+
+Const forReading = 1
+Const unicodeText = -1 ' TristateTrue
+
+Const colNumber = 1, colDate = 2, colCustomer = 3, colRegion = 4, colCity = 5, colProduct = 6
+Const colQuantity = 7, colPrice = 8, colTotal = 9, colPaid = 10, colRush = 11, colDone = 12
+Const colCount = 13 ' with the fixed column
+
+Dim missing ' members that this build of the control does not have yet
+missing = 0
+
+Dim orders
+orders = ReadLines(Host.DataFile("orders.txt"))
+ShapeGrid UBound(orders)
+FillHeaders orders(0)
+FillOrders orders
+Dress
+Host.Title = "Orders: " & UBound(orders) & " rows"
+If missing > 0 Then Host.Echo "members not built yet:", missing
+
+Function ReadLines(file)
+    Dim stream, text
+    Set stream = CreateObject("Scripting.FileSystemObject").OpenTextFile(file, forReading, False, unicodeText)
+    text = stream.ReadAll
+    stream.Close
+    If Right(text, 2) = vbCrLf Then text = Left(text, Len(text) - 2)
+    ReadLines = Split(text, vbCrLf)
+End Function
+
+Sub ShapeGrid(rowCount)
+    Grid.Cols = colCount
+    Grid.Rows = rowCount + 1
+    Grid.FixedRows = 1
+    Grid.FixedCols = 1
+    On Error Resume Next
+    Grid.FrozenCols = 3 : Tally
+    Grid.Redraw = 0 : Tally
+End Sub
+
+Sub FillHeaders(line)
+    Dim names, i
+    names = Split(line, vbTab)
+    For i = 0 To UBound(names)
+        Grid.TextMatrix(0, i + 1) = names(i)
+    Next
+End Sub
+
+Sub FillOrders(lines)
+    Dim row, col, fields
+    For row = 1 To UBound(lines)
+        fields = Split(lines(row), vbTab)
+        Grid.TextMatrix(row, 0) = row
+        For col = 0 To UBound(fields)
+            Grid.TextMatrix(row, col + 1) = fields(col)
+        Next
+    Next
+End Sub
+
+' What a later build of the control can show more of. Each line may name a member that is not there yet.
+Sub Dress
+    Dim widths, i
+    widths = Array(600, 780, 1150, 2100, 900, 1300, 1500, 900, 1050, 1200, 650, 650, 1200)
+    On Error Resume Next
+    For i = 0 To colCount - 1
+        Grid.ColWidth(i) = widths(i) : Tally
+    Next
+    Grid.BackColorFixed = RGB(52, 73, 102) : Tally
+    Grid.ForeColorFixed = RGB(255, 255, 255) : Tally
+    Grid.BackColorFrozen = RGB(232, 238, 247) : Tally
+    Grid.BackColorAlternate = RGB(246, 248, 251) : Tally
+    Grid.BackColorBkg = RGB(225, 229, 236) : Tally
+    Grid.BackColorSel = RGB(64, 120, 192) : Tally
+    Grid.ForeColorSel = RGB(255, 255, 255) : Tally
+    Grid.GridColor = RGB(208, 214, 224) : Tally
+    Grid.GridColorFixed = RGB(90, 110, 140) : Tally
+    For Each i In Array(colQuantity, colPrice, colTotal)
+        Grid.ColAlignment(i) = lorvAlignRightCenter : Tally
+    Next
+    Grid.ColFormat(colPrice) = "#,##0.00" : Tally
+    Grid.ColFormat(colTotal) = "#,##0.00" : Tally
+    Grid.ColDataType(colPaid) = 11 : Tally
+    Grid.ColDataType(colRush) = 11 : Tally
+    Grid.Redraw = 2 : Tally
+End Sub
+
+' Counts the members that answered "not implemented"; any other failure is shown.
+Sub Tally
+    If Err.Number = 0 Then Exit Sub
+    missing = missing + 1
+    If Err.Number <> 445 And Err.Number <> 438 Then Host.Echo "not set:", Hex(Err.Number), Err.Description
+    Err.Clear
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+Host.Echo "before"
+Host.NoSuchMember
+Host.Echo "not reached"

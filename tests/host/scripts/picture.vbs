@@ -1,0 +1,2 @@
+Host.Resize 320, 240
+Host.Title = "picture"

@@ -1,0 +1,2 @@
+Host.Quit 7
+Host.Echo "not reached"

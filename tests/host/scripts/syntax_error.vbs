@@ -1,0 +1,2 @@
+Host.Echo "not reached"
+If Then
