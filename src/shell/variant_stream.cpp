@@ -64,7 +64,8 @@ HRESULT WriteAsText(IStream& stream, const VARIANT& value)
     if (value.vt == VT_BSTR)
         return WriteText(stream, value.bstrVal);
     OwnedVariant text;
-    HRESULT result = VariantChangeType(&text.Get(), &value, VARIANT_NOVALUEPROP, VT_BSTR);
+    HRESULT result =
+        VariantChangeType(&text.Get(), const_cast<VARIANT*>(&value), VARIANT_NOVALUEPROP, VT_BSTR);
     return SUCCEEDED(result) ? WriteText(stream, text.Get().bstrVal) : result;
 }
 

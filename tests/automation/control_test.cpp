@@ -379,6 +379,26 @@ TEST_F(ControlSafety, AnswersForItsOwnInterfacesOnly)
     EXPECT_EQ(E_POINTER, safety->GetInterfaceSafetyOptions(IID_IDispatch, nullptr, &enabled));
 }
 
+TEST_F(ControlSafety, ALockedControlKeepsItsHandsOffFiles)
+{
+    constexpr HRESULT locked = static_cast<HRESULT>(0x800A03ED);
+    ASSERT_EQ(S_OK, As<IObjectSafety>(IID_IObjectSafety)->SetInterfaceSafetyOptions(IID_IDispatch, 1, 1));
+    Bstr name(L"safety-test.grid");
+    OwnedVariant none, info;
+    none.Get().vt = VT_ERROR;
+    none.Get().scode = DISP_E_PARAMNOTFOUND;
+    HRESULT saved = grid_->SaveGrid(name.Get(), static_cast<SaveLoadSettings>(0), none.Get());
+    if (saved == E_NOTIMPL)
+        GTEST_SKIP();
+    EXPECT_EQ(locked, saved);
+    EXPECT_EQ(locked, grid_->LoadGrid(name.Get(), static_cast<SaveLoadSettings>(0), none.Get()));
+    EXPECT_EQ(locked, grid_->Archive(name.Get(), name.Get(), static_cast<ArchiveSettings>(0)));
+    EXPECT_EQ(locked, grid_->get_ArchiveInfo(name.Get(), static_cast<ArchiveInfoSettings>(0), none.Get(),
+                                             info.Put()));
+    EXPECT_NE(locked, grid_->LoadGridURL(name.Get(), static_cast<SaveLoadSettings>(0), none.Get()));
+    SetErrorInfo(0, nullptr);
+}
+
 TEST_F(ControlBrowsing, FivePagesInOrder)
 {
     CAUUID pages = {};
