@@ -1,0 +1,729 @@
+#include "core/cell_font.h"
+#include "core/cell_property.h"
+#include "core/row_col.h"
+#include "core/upcalls.h"
+#include "platform/bstr.h"
+#include "platform/com_ptr.h"
+#include "platform/dpi.h"
+#include "support/fakes.h"
+#include "support/member_grid.h"
+
+#include <climits>
+#include <string>
+
+namespace
+{
+HRESULT Write(MemberGrid& grid, CellPropertySettings setting, int row, int col, const Value& value)
+{
+    return grid.put_Cell(setting, Value(row), Value(col), missing, missing, value);
+}
+
+HRESULT WriteRange(MemberGrid& grid, CellPropertySettings setting, const CellRange& range, const Value& value)
+{
+    return grid.put_Cell(setting, Value(range.Row1), Value(range.Col1), Value(range.Row2), Value(range.Col2),
+                         value);
+}
+
+HRESULT Read(MemberGrid& grid, CellPropertySettings setting, int row, int col, OwnedVariant& result)
+{
+    return grid.get_Cell(setting, Value(row), Value(col), missing, missing, result.Put());
+}
+
+std::wstring ReadAs(MemberGrid& grid, CellPropertySettings setting, int row, int col)
+{
+    OwnedVariant result;
+    HRESULT read = Read(grid, setting, row, col, result);
+    EXPECT_TRUE(SUCCEEDED(read) || result.Type() == VT_EMPTY) << "a failure leaves nothing behind";
+    return SUCCEEDED(read) ? Describe(result.Get()) : L"failed";
+}
+
+std::wstring TextAt(Grid& grid, int row, int col)
+{
+    const wchar_t* text = GetCellText(grid, row, col);
+    return text ? text : L"(none)";
+}
+
+// Cell
+
+TEST(CellMember, RefusesASettingPastTheLastBeforeAnythingElse)
+{
+    MemberGrid grid;
+    OwnedVariant result;
+    for (int setting : {29, 1000, INT_MAX, -1}) {
+        auto unknown = static_cast<CellPropertySettings>(setting);
+        EXPECT_EQ(Read(grid, unknown, 1, 1, result), LORV_E_INDEX);
+        EXPECT_EQ(Write(grid, unknown, 1, 1, 1), LORV_E_INDEX);
+    }
+    EXPECT_EQ(grid.get_Cell(lorvcpText, missing, missing, missing, missing, nullptr), E_POINTER);
+}
+
+TEST(CellMember, TakesItsRangeFromWhateverConvertsToANumber)
+{
+    MemberGrid grid;
+    grid.Row = 7, grid.Col = 8;
+    VARIANT three;
+    three.vt = VT_I4, three.lVal = 3;
+    FakeDispatch object;
+    struct Case {
+        Value Argument;
+        int Expected; // as a row; -1 for the current one
+    };
+    const Case cases[] = {
+        {Value(3), 3},
+        {Value(3.0), 3},
+        {Value(2.6), 3},
+        {Value(L"3"), 3},
+        {Value(false), 0},
+        {Value::To(three), 3},
+        {Value(), 0}, // Empty is a number
+        {Value::Missing(), -1},
+        {Value(L"three"), -1},
+        {Value::OfType(VT_NULL), -1},
+        {Value::OfType(VT_BYREF | VT_VARIANT), -1},
+        {Value::OfType(VT_BYREF | VT_I4), -1},
+        {Value(&object), -1},
+    };
+    for (const Case& each : cases) {
+        int row = each.Expected < 0 ? 7 : each.Expected;
+        SetCellText(grid, row, 8, L"here");
+        Value result;
+        ASSERT_EQ(grid.get_Cell(lorvcpText, each.Argument, missing, missing, missing, &result.Get()), S_OK);
+        EXPECT_EQ(Describe(result.Get()), L"BSTR here") << each.Argument.Type();
+        ASSERT_EQ(grid.put_Cell(lorvcpText, each.Argument, missing, missing, missing, Value(L"written")),
+                  S_OK);
+        EXPECT_EQ(TextAt(grid, row, 8), L"written") << each.Argument.Type();
+        SetCellText(grid, row, 8, nullptr);
+    }
+}
+
+TEST(CellMember, RefusesIndexesOutside)
+{
+    MemberGrid grid;
+    for (int bad : {-1, 50, INT_MAX, INT_MIN}) {
+        OwnedVariant result;
+        EXPECT_EQ(grid.get_Cell(lorvcpText, Value(bad), Value(1), missing, missing, result.Put()),
+                  LORV_E_INDEX);
+        EXPECT_EQ(grid.get_Cell(lorvcpText, Value(1), Value(bad), missing, missing, result.Put()),
+                  LORV_E_INDEX);
+        EXPECT_EQ(grid.get_Cell(lorvcpText, Value(1), Value(1), Value(bad), missing, result.Put()),
+                  LORV_E_INDEX);
+        EXPECT_EQ(grid.get_Cell(lorvcpText, Value(1), Value(1), missing, Value(bad), result.Put()),
+                  LORV_E_INDEX);
+        EXPECT_EQ(grid.put_Cell(lorvcpText, Value(bad), Value(1), missing, missing, Value(L"x")),
+                  LORV_E_INDEX);
+        EXPECT_EQ(grid.put_Cell(lorvcpText, Value(1), Value(1), missing, Value(bad), Value(L"x")),
+                  LORV_E_INDEX);
+    }
+    EXPECT_EQ(grid.RowTable[1].Cells, nullptr);
+}
+
+// Without a current cell a write means the first one; a read has nothing to read.
+TEST(CellMember, WithoutACurrentCellWritesTheFirst)
+{
+    MemberGrid grid;
+    grid.Row = grid.Col = -1;
+    OwnedVariant result;
+    EXPECT_EQ(grid.get_Cell(lorvcpText, missing, missing, missing, missing, result.Put()), LORV_E_INDEX);
+    EXPECT_EQ(grid.put_Cell(lorvcpText, missing, missing, missing, missing, Value(L"x")), S_OK);
+    EXPECT_EQ(TextAt(grid, 0, 0), L"x");
+    EXPECT_EQ(grid.put_Cell(lorvcpText, Value(-1), Value(0), missing, missing, Value(L"x")), LORV_E_INDEX)
+        << "an index that was given counts as it is";
+}
+
+TEST(CellMember, TheSecondCornerIsTheFirstUnlessGiven)
+{
+    MemberGrid grid;
+    ASSERT_EQ(grid.put_Cell(lorvcpForeColor, Value(3), Value(4), Value(1), missing, Value(9)), S_OK);
+    for (int row = 0; row < 5; ++row)
+        for (int col = 3; col < 6; ++col)
+            EXPECT_EQ(CellFormatOf(grid, row, col) != nullptr, row >= 1 && row <= 3 && col == 4);
+}
+
+TEST(CellMember, ReadsABareCell)
+{
+    MemberGrid grid;
+    struct Case {
+        CellPropertySettings Setting;
+        const wchar_t* Expected;
+    };
+    const Case cases[] = {
+        {lorvcpText, L"BSTR (null)"},
+        {lorvcpTextStyle, L"I2 0"},
+        {lorvcpAlignment, L"I2 9"},
+        {lorvcpPicture, L"DISPATCH nothing"},
+        {lorvcpPictureAlignment, L"I2 1"},
+        {lorvcpChecked, L"I2 0"},
+        {lorvcpBackColor, L"I4 0"},
+        {lorvcpForeColor, L"I4 0"},
+        {lorvcpFloodPercent, L"I2 0"},
+        {lorvcpFloodColor, L"I4 0"},
+        {lorvcpFont, L"DISPATCH object"},
+        {lorvcpFontBold, L"BOOL false"},
+        {lorvcpFontItalic, L"BOOL false"},
+        {lorvcpFontUnderline, L"BOOL false"},
+        {lorvcpFontStrikethru, L"BOOL false"},
+        {lorvcpValue, L"R8 0"},
+        {lorvcpTextDisplay, L"BSTR (null)"},
+        {lorvcpData, L"EMPTY"},
+        {lorvcpCustomFormat, L"BOOL false"},
+        {lorvcpVariantValue, L"BSTR (null)"},
+        {lorvcpRefresh, L"failed"},
+        {lorvcpSort, L"failed"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(ReadAs(grid, each.Setting, 1, 1), each.Expected) << each.Setting;
+    EXPECT_EQ(grid.RowTable[1].Cells, nullptr) << "reading makes nothing";
+}
+
+TEST(CellMember, ReadsBackWhatWasWritten)
+{
+    struct Case {
+        CellPropertySettings Setting;
+        Value Written;
+        const wchar_t* Expected;
+    };
+    const Case cases[] = {
+        {lorvcpText, L"text", L"BSTR text"},
+        {lorvcpText, 12, L"BSTR 12"},
+        {lorvcpTextStyle, 4, L"I2 4"},
+        {lorvcpTextStyle, L"2", L"I2 2"},
+        {lorvcpAlignment, 12, L"I2 12"},
+        {lorvcpAlignment, 7.0, L"I2 7"},
+        {lorvcpAlignment, L"left", L"I2 0"}, // what is no number counts as 0
+        {lorvcpPictureAlignment, 10, L"I2 10"},
+        {lorvcpChecked, 7, L"I2 7"},
+        {lorvcpChecked, true, L"I2 1"},
+        {lorvcpBackColor, 255, L"I4 255"},
+        {lorvcpForeColor, static_cast<int>(0x80000008), L"I4 -2147483640"},
+        {lorvcpFloodColor, 5, L"I4 5"},
+        {lorvcpFloodPercent, 50, L"I2 50"},
+        {lorvcpFloodPercent, 101, L"I2 100"},
+        {lorvcpFloodPercent, -1000, L"I2 -100"},
+        {lorvcpFontName, L"Courier New", L"BSTR Courier New"},
+        {lorvcpFontSize, 12, L"R4 1200"},
+        {lorvcpFontSize, L"12", L"R4 1200"},
+        {lorvcpFontBold, true, L"BOOL true"},
+        {lorvcpFontItalic, true, L"BOOL true"},
+        {lorvcpFontUnderline, 1, L"BOOL true"},
+        {lorvcpFontStrikethru, true, L"BOOL true"},
+        {lorvcpFontWidth, 6, L"R4 600"},
+        {lorvcpData, 42, L"I4 42"},
+        {lorvcpData, L"data", L"BSTR data"},
+        {lorvcpData, Value(), L"EMPTY"},
+    };
+    for (const Case& each : cases) {
+        MemberGrid grid;
+        ASSERT_EQ(Write(grid, each.Setting, 2, 3, each.Written), S_OK) << each.Setting;
+        EXPECT_EQ(ReadAs(grid, each.Setting, 2, 3), each.Expected) << each.Setting;
+        MemberGrid other;
+        EXPECT_EQ(other.putref_Cell(each.Setting, Value(2), Value(3), missing, missing, each.Written), S_OK);
+        EXPECT_EQ(ReadAs(other, each.Setting, 2, 3), each.Expected) << "putref is put";
+    }
+}
+
+TEST(CellMember, RefusesValues)
+{
+    FakeDispatch object;
+    struct Case {
+        CellPropertySettings Setting;
+        Value Written;
+        HRESULT Expected;
+    };
+    const Case cases[] = {
+        {lorvcpTextStyle, 5, LORV_E_VALUE},
+        {lorvcpTextStyle, -1, LORV_E_VALUE},
+        {lorvcpAlignment, 13, LORV_E_VALUE},
+        {lorvcpAlignment, true, LORV_E_VALUE},
+        {lorvcpPictureAlignment, 11, LORV_E_VALUE},
+        {lorvcpPictureAlignment, -1, LORV_E_VALUE},
+        {lorvcpChecked, 8, LORV_E_VALUE},
+        {lorvcpChecked, -2, LORV_E_VALUE},
+        {lorvcpPicture, 5, LORV_E_VALUE},
+        {lorvcpPicture, Value::OfType(VT_NULL), LORV_E_VALUE},
+        {lorvcpPicture, Value(&object), LORV_E_VALUE},
+        {lorvcpFont, 5, LORV_E_VALUE},
+        {lorvcpFont, L"Arial", LORV_E_VALUE},
+        {lorvcpFont, Value(&object), LORV_E_VALUE},
+        {lorvcpFont, Value::OfType(VT_ARRAY), LORV_E_VALUE},
+        {lorvcpValue, 5, LORV_E_VALUE},
+        {lorvcpTextDisplay, L"x", LORV_E_VALUE},
+        {lorvcpLeft, 5, LORV_E_VALUE},
+        {lorvcpTop, 5, LORV_E_VALUE},
+        {lorvcpWidth, 5, LORV_E_VALUE},
+        {lorvcpHeight, 5, LORV_E_VALUE},
+        {lorvcpVariantValue, 5, LORV_E_VALUE},
+        {lorvcpText, Value::OfType(VT_NULL), DISP_E_TYPEMISMATCH},
+        {lorvcpText, Value::OfType(VT_BYREF | VT_VARIANT), E_INVALIDARG},
+        {lorvcpData, Value::OfType(VT_BYREF | VT_BSTR), E_INVALIDARG},
+    };
+    for (const Case& each : cases) {
+        MemberGrid grid;
+        EXPECT_EQ(Write(grid, each.Setting, 2, 3, each.Written), each.Expected) << each.Setting;
+        EXPECT_EQ(grid.RowTable[2].Cells, nullptr) << each.Setting;
+    }
+}
+
+TEST(CellMember, SpreadsATextWithSeparatorsOverARange)
+{
+    MemberGrid grid;
+    ASSERT_EQ(WriteRange(grid, lorvcpText, {1, 1, 2, 2}, L"a\tb\rc\td"), S_OK);
+    EXPECT_EQ(TextAt(grid, 1, 1), L"a");
+    EXPECT_EQ(TextAt(grid, 1, 2), L"b");
+    EXPECT_EQ(TextAt(grid, 2, 1), L"c");
+    EXPECT_EQ(TextAt(grid, 2, 2), L"d");
+    OwnedVariant result;
+    ASSERT_EQ(grid.get_Cell(lorvcpText, Value(2), Value(2), Value(1), Value(1), result.Put()), S_OK);
+    EXPECT_EQ(Describe(result.Get()), L"BSTR a\tb\rc\td");
+}
+
+TEST(CellMember, StoresATextWithoutSeparatorsInEveryCell)
+{
+    MemberGrid grid;
+    ASSERT_EQ(WriteRange(grid, lorvcpText, {2, 2, 1, 1}, L"same"), S_OK);
+    EXPECT_EQ(TextAt(grid, 1, 1), L"same");
+    EXPECT_EQ(TextAt(grid, 2, 2), L"same");
+    ASSERT_EQ(WriteRange(grid, lorvcpText, {1, 1, 2, 2}, L""), S_OK);
+    EXPECT_EQ(TextAt(grid, 2, 1), L"(none)");
+}
+
+TEST(CellMember, StoresATextForASingleCellWhole)
+{
+    MemberGrid grid;
+    ASSERT_EQ(Write(grid, lorvcpText, 1, 1, L"a\tb"), S_OK);
+    EXPECT_EQ(TextAt(grid, 1, 1), L"a\tb");
+    EXPECT_EQ(TextAt(grid, 1, 2), L"(none)");
+}
+
+TEST(CellMember, SpreadsByTheProgramsSeparators)
+{
+    MemberGrid grid;
+    grid.ClipSeparators = SysAllocString(L"|;");
+    WriteRange(grid, lorvcpText, {1, 1, 1, 2}, L"a\tb");
+    EXPECT_EQ(TextAt(grid, 1, 2), L"a\tb");
+    WriteRange(grid, lorvcpText, {1, 1, 1, 2}, L"a|b");
+    EXPECT_EQ(TextAt(grid, 1, 2), L"b");
+}
+
+// A handler that changes the variable it is called for changes nothing of the write that is under way.
+TEST(CellMember, WritesATextBehindAReferenceAsItWas)
+{
+    MemberGrid grid;
+    EventSink sink;
+    Connection connected(grid.EventSinks, &sink);
+    Value variable(L"first");
+    sink.On = [&](DISPID, DISPPARAMS&) {
+        SysFreeString(variable.Get().bstrVal);
+        variable.Get().bstrVal = SysAllocString(L"other");
+    };
+    ASSERT_EQ(WriteRange(grid, lorvcpText, {1, 1, 1, 3}, Value::To(variable.Get())), S_OK);
+    for (int col = 1; col <= 3; ++col)
+        EXPECT_EQ(TextAt(grid, 1, col), L"first");
+}
+
+TEST(CellMember, ReadsNumbersFromTexts)
+{
+    MemberGrid grid;
+    SetCellText(grid, 1, 1, L"12");
+    EXPECT_EQ(ReadAs(grid, lorvcpValue, 1, 1), L"R8 1200");
+    EXPECT_EQ(ReadAs(grid, lorvcpVariantValue, 1, 1), L"R8 1200");
+    SetCellText(grid, 1, 1, L"(1,000)");
+    EXPECT_EQ(ReadAs(grid, lorvcpValue, 1, 1), L"R8 -100000");
+    SetCellText(grid, 1, 1, L"word");
+    EXPECT_EQ(ReadAs(grid, lorvcpValue, 1, 1), L"R8 0");
+    EXPECT_EQ(ReadAs(grid, lorvcpVariantValue, 1, 1), L"BSTR word");
+}
+
+TEST(CellMember, ReadsPositionAndSizeInTwips)
+{
+    MemberGrid grid;
+    RECT cell = CellRect(grid, 3, 4);
+    EXPECT_EQ(ReadAs(grid, lorvcpLeft, 3, 4), L"I4 " + std::to_wstring(PixelsToTwipsX(ColX(grid, 4))));
+    EXPECT_EQ(ReadAs(grid, lorvcpTop, 3, 4), L"I4 " + std::to_wstring(PixelsToTwipsY(RowY(grid, 3))));
+    EXPECT_EQ(ReadAs(grid, lorvcpWidth, 3, 4),
+              L"I4 " + std::to_wstring(PixelsToTwipsX(cell.right - cell.left)));
+    EXPECT_EQ(ReadAs(grid, lorvcpHeight, 3, 4),
+              L"I4 " + std::to_wstring(PixelsToTwipsY(cell.bottom - cell.top)));
+}
+
+// A picture object of the system, with an icon or with nothing in it.
+ComPtr<IPictureDisp> MakePicture(bool empty)
+{
+    PICTDESC description = {};
+    description.cbSizeofstruct = sizeof(description);
+    description.picType = empty ? PICTYPE_NONE : PICTYPE_ICON;
+    description.icon.hicon = empty ? nullptr : LoadIconW(nullptr, MAKEINTRESOURCEW(32512));
+    ComPtr<IPictureDisp> picture;
+    EXPECT_EQ(OleCreatePictureIndirect(&description, IID_IPictureDisp, FALSE, picture.PutVoid()), S_OK);
+    return picture;
+}
+
+TEST(CellMember, TakesAndGivesPictures)
+{
+    auto picture = MakePicture(false);
+    MemberGrid grid;
+    Value object(picture.Get());
+    IDispatch* pointer = picture.Get();
+    Value reference = Value::OfType(VT_BYREF | VT_DISPATCH);
+    reference.Get().ppdispVal = &pointer;
+    const Value given[] = {object, Value::To(object.Get()), reference};
+    const Value removed[] = {Value(), Value(L""), Value(static_cast<IDispatch*>(nullptr))};
+    for (const Value& each : given)
+        for (const Value& none : removed) {
+            ASSERT_EQ(WriteRange(grid, lorvcpPicture, {1, 1, 1, 2}, each), S_OK);
+            OwnedVariant read;
+            ASSERT_EQ(Read(grid, lorvcpPicture, 1, 2, read), S_OK);
+            EXPECT_EQ(read.Get().pdispVal, picture.Get());
+            ASSERT_EQ(WriteRange(grid, lorvcpPicture, {1, 1, 1, 2}, none), S_OK);
+            EXPECT_EQ(ReadAs(grid, lorvcpPicture, 1, 2), L"DISPATCH nothing");
+        }
+}
+
+TEST(CellMember, GivesTheFailureOfAPictureFile)
+{
+    MemberGrid grid;
+    HRESULT result = Write(grid, lorvcpPicture, 1, 1, L"C:\\no such folder\\no such picture.bmp");
+    EXPECT_TRUE(FAILED(result));
+    EXPECT_NE(result, LORV_E_VALUE);
+    EXPECT_EQ(CellFormatOf(grid, 1, 1), nullptr);
+}
+
+TEST(CellMember, TakesAndGivesFontObjects)
+{
+    MemberGrid grid;
+    Write(grid, lorvcpFontName, 1, 1, L"Courier New");
+    Write(grid, lorvcpFontSize, 1, 1, 12);
+    Write(grid, lorvcpFontBold, 1, 1, true);
+    Value font;
+    ASSERT_EQ(grid.get_Cell(lorvcpFont, Value(1), Value(1), missing, missing, &font.Get()), S_OK);
+    for (const Value& given : {font, Value::To(font.Get())}) {
+        ASSERT_EQ(WriteRange(grid, lorvcpFont, {2, 1, 2, 2}, given), S_OK);
+        EXPECT_EQ(ReadAs(grid, lorvcpFontName, 2, 2), L"BSTR Courier New");
+        EXPECT_EQ(ReadAs(grid, lorvcpFontSize, 2, 2), L"R4 1200");
+        EXPECT_EQ(ReadAs(grid, lorvcpFontBold, 2, 2), L"BOOL true");
+        for (const Value& none : {Value(), Value(static_cast<IDispatch*>(nullptr))}) {
+            ASSERT_EQ(Write(grid, lorvcpFont, 2, 2, none), S_OK);
+            EXPECT_EQ(CellFormatOf(grid, 2, 2)->Font, nullptr);
+        }
+    }
+}
+
+TEST(CellMember, CopiesTheFormatOfANamedCell)
+{
+    for (const wchar_t* name : {L"3,4", L"3;4", L"03 ,04", L"3.7,4", L"3, 4", L"3,4 and more"}) {
+        MemberGrid grid;
+        Write(grid, lorvcpBackColor, 3, 4, 255);
+        Write(grid, lorvcpData, 3, 4, 1);
+        Write(grid, lorvcpFontItalic, 3, 4, true);
+        ASSERT_EQ(WriteRange(grid, lorvcpCustomFormat, {1, 1, 3, 4}, name), S_OK);
+        EXPECT_EQ(ReadAs(grid, lorvcpBackColor, 1, 1), L"I4 255") << Bstr(name).Length();
+        EXPECT_EQ(ReadAs(grid, lorvcpFontItalic, 2, 2), L"BOOL true");
+        EXPECT_EQ(ReadAs(grid, lorvcpData, 1, 1), L"EMPTY");
+        EXPECT_EQ(ReadAs(grid, lorvcpData, 3, 4), L"I4 1") << "the source is as it was";
+        EXPECT_EQ(ReadAs(grid, lorvcpBackColor, 3, 4), L"I4 255");
+    }
+}
+
+TEST(CellMember, ClearsTheFormatWhereNoCellIsNamed)
+{
+    const Value names[] = {L"",     L"abc", L"-3,4", L" 3,4", L"3",   L"3,",           L"50,4", L"3,10",
+                           L"9,9", // a cell without a format
+                           Value(), false,  0,       true,    L"3,x", L"99999999999,1"};
+    for (const Value& name : names) {
+        MemberGrid grid;
+        Write(grid, lorvcpBackColor, 1, 1, 255);
+        Write(grid, lorvcpBackColor, 3, 4, 128);
+        Write(grid, lorvcpBackColor, 0, 0, 128);
+        ASSERT_EQ(Write(grid, lorvcpCustomFormat, 1, 1, name), S_OK);
+        EXPECT_EQ(ReadAs(grid, lorvcpCustomFormat, 1, 1), L"BOOL false") << Describe(name).size();
+    }
+}
+
+TEST(CellMember, DataFollowsReferencesAndIsEachCellsOwn)
+{
+    MemberGrid grid;
+    Value text(L"shared");
+    ASSERT_EQ(WriteRange(grid, lorvcpData, {1, 1, 1, 2}, Value::To(text.Get())), S_OK);
+    text.Get().bstrVal[0] = L'S';
+    EXPECT_EQ(ReadAs(grid, lorvcpData, 1, 1), L"BSTR shared");
+    EXPECT_NE(CellFormatOf(grid, 1, 1)->Data->bstrVal, CellFormatOf(grid, 1, 2)->Data->bstrVal);
+}
+
+TEST(CellMember, SurvivesArgumentsThatChangeTheGrid)
+{
+    MemberGrid grid;
+    FakeDispatch data;
+    Write(grid, lorvcpData, 1, 2, Value(&data));
+    data.OnLastRelease = [&] { ResizeBoth(grid, 2, 2); };
+    EXPECT_EQ(WriteRange(grid, lorvcpData, {1, 1, 3, 3}, Value(5)), LORV_E_INDEX);
+    EXPECT_EQ(ReadAs(grid, lorvcpData, 1, 1), L"I4 5");
+}
+
+// The current cell
+
+TEST(CurrentCell, IsNotReadAtDesignTimeOrWithoutACell)
+{
+    using Getter = HRESULT (*)(MemberGrid&, bool nowhere);
+    const Getter getters[] = {
+        [](MemberGrid& g, bool n) {
+            OLE_COLOR v;
+            return g.get_CellBackColor(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            OLE_COLOR v;
+            return g.get_CellForeColor(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            AlignmentSettings v;
+            return g.get_CellAlignment(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            TextStyleSettings v;
+            return g.get_CellTextStyle(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            IPictureDisp* v;
+            return g.get_CellPicture(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            PictureAlignmentSettings v;
+            return g.get_CellPictureAlignment(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            Bstr v;
+            return g.get_CellFontName(n ? nullptr : v.Put());
+        },
+        [](MemberGrid& g, bool n) {
+            FLOAT v;
+            return g.get_CellFontSize(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            FLOAT v;
+            return g.get_CellFontWidth(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            VARIANT_BOOL v;
+            return g.get_CellFontBold(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            VARIANT_BOOL v;
+            return g.get_CellFontItalic(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            VARIANT_BOOL v;
+            return g.get_CellFontUnderline(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            VARIANT_BOOL v;
+            return g.get_CellFontStrikethru(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            SHORT v;
+            return g.get_CellFloodPercent(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            OLE_COLOR v;
+            return g.get_CellFloodColor(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            CellCheckedSettings v;
+            return g.get_CellChecked(n ? nullptr : &v);
+        },
+        [](MemberGrid& g, bool n) {
+            DOUBLE v;
+            return g.get_Value(n ? nullptr : &v);
+        },
+    };
+    for (Getter get : getters) {
+        MemberGrid grid;
+        EXPECT_EQ(get(grid, false), S_OK);
+        EXPECT_EQ(get(grid, true), E_POINTER);
+        grid.Row = -1;
+        EXPECT_EQ(get(grid, false), LORV_E_INDEX);
+        grid.DesignModeCache = 1;
+        EXPECT_EQ(get(grid, false), LORV_E_DESIGNMODE) << "the mode comes first";
+        grid.Row = 1;
+        EXPECT_EQ(get(grid, false), LORV_E_DESIGNMODE);
+    }
+}
+
+TEST(CurrentCell, TakesItsPropertiesEvenAtDesignTime)
+{
+    MemberGrid grid;
+    grid.DesignModeCache = 1;
+    auto picture = MakePicture(false);
+    EXPECT_EQ(grid.put_CellBackColor(1), S_OK);
+    EXPECT_EQ(grid.put_CellForeColor(2), S_OK);
+    EXPECT_EQ(grid.put_CellAlignment(lorvAlignGeneralBottom), S_OK);
+    EXPECT_EQ(grid.put_CellTextStyle(lorvTextInsetLight), S_OK);
+    EXPECT_EQ(grid.putref_CellPicture(picture.Get()), S_OK);
+    EXPECT_EQ(grid.put_CellPictureAlignment(lorvPicAlignTile), S_OK);
+    EXPECT_EQ(grid.put_CellFontName(Bstr(L"Courier New").Get()), S_OK);
+    EXPECT_EQ(grid.put_CellFontSize(12), S_OK);
+    EXPECT_EQ(grid.put_CellFontBold(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.put_CellFontItalic(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.put_CellFontUnderline(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.put_CellFontStrikethru(VARIANT_TRUE), S_OK);
+    EXPECT_EQ(grid.put_CellFontWidth(6), S_OK);
+    EXPECT_EQ(grid.put_CellFloodPercent(-500), S_OK);
+    EXPECT_EQ(grid.put_CellFloodColor(3), S_OK);
+    EXPECT_EQ(grid.put_CellChecked(lorvTSGrayed), S_OK);
+    const std::pair<CellPropertySettings, const wchar_t*> expected[] = {{lorvcpBackColor, L"I4 1"},
+                                                                        {lorvcpForeColor, L"I4 2"},
+                                                                        {lorvcpAlignment, L"I2 12"},
+                                                                        {lorvcpTextStyle, L"I2 4"},
+                                                                        {lorvcpPicture, L"DISPATCH object"},
+                                                                        {lorvcpPictureAlignment, L"I2 10"},
+                                                                        {lorvcpFontName, L"BSTR Courier New"},
+                                                                        {lorvcpFontSize, L"R4 1200"},
+                                                                        {lorvcpFontBold, L"BOOL true"},
+                                                                        {lorvcpFontItalic, L"BOOL true"},
+                                                                        {lorvcpFontUnderline, L"BOOL true"},
+                                                                        {lorvcpFontStrikethru, L"BOOL true"},
+                                                                        {lorvcpFontWidth, L"R4 600"},
+                                                                        {lorvcpFloodPercent, L"I2 -100"},
+                                                                        {lorvcpFloodColor, L"I4 3"},
+                                                                        {lorvcpChecked, L"I2 5"}};
+    for (const auto& [setting, value] : expected)
+        EXPECT_EQ(ReadAs(grid, setting, 1, 1), value) << setting;
+}
+
+TEST(CurrentCell, RefusesValues)
+{
+    MemberGrid grid;
+    for (int bad : {13, -1})
+        EXPECT_EQ(grid.put_CellAlignment(static_cast<AlignmentSettings>(bad)), LORV_E_VALUE);
+    for (int bad : {5, -1})
+        EXPECT_EQ(grid.put_CellTextStyle(static_cast<TextStyleSettings>(bad)), LORV_E_VALUE);
+    for (int bad : {11, -1})
+        EXPECT_EQ(grid.put_CellPictureAlignment(static_cast<PictureAlignmentSettings>(bad)), LORV_E_VALUE);
+    for (int bad : {8, -2})
+        EXPECT_EQ(grid.put_CellChecked(static_cast<CellCheckedSettings>(bad)), LORV_E_VALUE);
+    EXPECT_EQ(grid.put_CellChecked(static_cast<CellCheckedSettings>(-1)), S_OK);
+    EXPECT_EQ(ReadAs(grid, lorvcpChecked, 1, 1), L"I2 1");
+    EXPECT_EQ(CellFormatOf(grid, 1, 1), nullptr);
+}
+
+TEST(CurrentCell, GoesBackToTheGridsFont)
+{
+    using Setter = HRESULT (*)(MemberGrid&);
+    const Setter setters[] = {[](MemberGrid& g) { return g.put_CellFontName(nullptr); },
+                              [](MemberGrid& g) { return g.put_CellFontName(Bstr(L"").Get()); },
+                              [](MemberGrid& g) { return g.put_CellFontSize(0); },
+                              [](MemberGrid& g) { return g.put_CellFontWidth(0); }};
+    for (Setter set : setters) {
+        MemberGrid grid;
+        grid.put_CellFontBold(VARIANT_TRUE);
+        ASSERT_NE(CellFormatOf(grid, 1, 1)->Font, nullptr);
+        EXPECT_EQ(set(grid), S_OK);
+        EXPECT_EQ(CellFormatOf(grid, 1, 1)->Font, nullptr);
+    }
+}
+
+TEST(CurrentCell, AnEmptyPictureTakesItsPictureAway)
+{
+    auto picture = MakePicture(false), empty = MakePicture(true);
+    FakePicture noPicture;
+    for (IPictureDisp* none : {empty.Get(), noPicture.Get(), static_cast<IPictureDisp*>(nullptr)}) {
+        MemberGrid grid;
+        EXPECT_EQ(grid.put_CellPicture(picture.Get()), S_OK);
+        ComPtr<IPictureDisp> read;
+        EXPECT_EQ(grid.get_CellPicture(read.Put()), S_OK);
+        EXPECT_EQ(read.Get(), picture.Get());
+        EXPECT_EQ(grid.put_CellPicture(none), S_OK);
+        EXPECT_EQ(ReadAs(grid, lorvcpPicture, 1, 1), L"DISPATCH nothing");
+    }
+}
+
+TEST(CurrentCell, FillsTheSelectionWhenFillStyleRepeats)
+{
+    MemberGrid grid;
+    grid.Row = 3, grid.RowSel = 2, grid.Col = 1, grid.ColSel = 2;
+    grid.FillStyle = lorvFillRepeat;
+    grid.put_Text(Bstr(L"a\tb").Get());
+    EXPECT_EQ(TextAt(grid, 2, 2), L"a\tb") << "a text is not spread here";
+    EXPECT_EQ(TextAt(grid, 3, 1), L"a\tb");
+}
+
+// Texts by index
+
+TEST(TextMember, OutsideTheGridIsEmptyAndNoError)
+{
+    MemberGrid grid;
+    Bstr text;
+    grid.put_Text(Bstr(L"here").Get());
+    EXPECT_EQ(grid.get_Text(text.Put()), S_OK);
+    EXPECT_STREQ(text.Text(), L"here");
+    grid.Row = -1;
+    EXPECT_EQ(grid.get_Text(text.Put()), S_OK);
+    EXPECT_EQ(text.Length(), 0u);
+    EXPECT_EQ(grid.put_Text(nullptr), LORV_E_INDEX);
+    EXPECT_EQ(grid.get_Text(nullptr), E_POINTER);
+    grid.DesignModeCache = 1;
+    EXPECT_EQ(grid.get_Text(text.Put()), LORV_E_DESIGNMODE);
+}
+
+TEST(TextMatrixMember, WritesOneCellWhateverIsSelected)
+{
+    MemberGrid grid;
+    grid.FillStyle = lorvFillRepeat;
+    grid.DesignModeCache = 1; // readable and writable at design time
+    ASSERT_EQ(grid.put_TextMatrix(2, 3, Bstr(L"x").Get()), S_OK);
+    Bstr text;
+    ASSERT_EQ(grid.get_TextMatrix(2, 3, text.Put()), S_OK);
+    EXPECT_STREQ(text.Text(), L"x");
+    EXPECT_EQ(grid.RowTable[1].Cells, nullptr);
+    for (int bad : {-1, 50, INT_MAX}) {
+        EXPECT_EQ(grid.put_TextMatrix(bad, 1, nullptr), LORV_E_INDEX);
+        EXPECT_EQ(grid.put_TextMatrix(1, bad, nullptr), LORV_E_INDEX);
+        EXPECT_EQ(grid.get_TextMatrix(bad, 1, text.Put()), LORV_E_INDEX);
+        EXPECT_EQ(grid.get_TextMatrix(1, bad, text.Put()), LORV_E_INDEX);
+    }
+    EXPECT_EQ(grid.get_TextMatrix(1, 1, nullptr), E_POINTER);
+}
+
+TEST(TextArrayMember, CountsCellsRowByRow)
+{
+    MemberGrid grid;
+    ASSERT_EQ(grid.put_TextArray(23, Bstr(L"x").Get()), S_OK);
+    EXPECT_EQ(TextAt(grid, 2, 3), L"x");
+    Bstr text;
+    ASSERT_EQ(grid.get_TextArray(23, text.Put()), S_OK);
+    EXPECT_STREQ(text.Text(), L"x");
+    for (int bad : {-1, -10, 500, INT_MAX, INT_MIN}) {
+        EXPECT_EQ(grid.get_TextArray(bad, text.Put()), LORV_E_INDEX) << bad;
+        EXPECT_EQ(grid.put_TextArray(bad, nullptr), LORV_E_INDEX) << bad;
+    }
+    ResizeCols(grid, 0);
+    EXPECT_EQ(grid.get_TextArray(0, text.Put()), LORV_E_INDEX);
+    EXPECT_EQ(grid.put_TextArray(0, nullptr), LORV_E_INDEX);
+}
+
+TEST(ValueMatrixMember, ReadsBooleansAsMinusOne)
+{
+    MemberGrid grid;
+    grid.ColTable[0].ColDataType = grid.ColTable[2].ColDataType = lorvDTBoolean;
+    struct Case {
+        int Row, Col;
+        const wchar_t* Text;
+        double Expected;
+    };
+    const Case cases[] = {
+        {1, 2, L"True", -1},   {1, 2, L"-1", -1}, {1, 2, L"7", -1}, {1, 2, L"0", 0}, {1, 2, L"False", 0},
+        {1, 2, L"neither", 0}, {1, 2, L"", 0},    {0, 2, L"7", 7},  {1, 0, L"7", 7}, {1, 3, L"7", 7},
+        {1, 3, L"True", 0},    {1, 3, L"12", 12}, {1, 3, L"", 0},
+    };
+    for (const Case& each : cases) {
+        SetCellText(grid, each.Row, each.Col, each.Text);
+        double value = 99;
+        EXPECT_EQ(grid.get_ValueMatrix(each.Row, each.Col, &value), S_OK);
+        EXPECT_EQ(value, each.Expected) << each.Row << "," << each.Col << " " << Bstr(each.Text).Length();
+    }
+    double value = 0;
+    EXPECT_EQ(grid.get_ValueMatrix(-1, 1, &value), LORV_E_INDEX);
+    EXPECT_EQ(grid.get_ValueMatrix(1, 10, &value), LORV_E_INDEX);
+    EXPECT_EQ(grid.get_ValueMatrix(1, 1, nullptr), E_POINTER);
+    SetCellText(grid, 1, 1, L"12");
+    EXPECT_EQ(grid.get_Value(&value), S_OK);
+    EXPECT_EQ(value, 12);
+}
+} // namespace
