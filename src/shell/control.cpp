@@ -158,6 +158,16 @@ bool MakeLongOfDouble(WORD flags, DISPPARAMS* parameters) noexcept
     VARIANTARG& value = parameters->rgvarg[0];
     return value.vt == VT_R8 && SUCCEEDED(VariantChangeType(&value, &value, 0, VT_I4));
 }
+
+// Before a second try the texts of the first failure are given back.
+void ClearException(EXCEPINFO* exception) noexcept
+{
+    if (!exception)
+        return;
+    for (BSTR text : {exception->bstrSource, exception->bstrDescription, exception->bstrHelpFile})
+        SysFreeString(text);
+    *exception = {};
+}
 } // namespace
 
 HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
@@ -172,8 +182,10 @@ HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARA
                             badArgument);
     };
     HRESULT outcome = call();
-    if (FAILED(outcome) && MakeLongOfDouble(flags, parameters))
+    if (FAILED(outcome) && MakeLongOfDouble(flags, parameters)) {
+        ClearException(exception);
         outcome = call();
+    }
     // Script engines know no unsigned Long.
     if (result && result->vt == VT_UI4)
         result->vt = VT_I4;

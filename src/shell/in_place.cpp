@@ -8,7 +8,7 @@ HRESULT InPlaceObject::Activate(LONG verb, LPCRECT position)
 {
     KeepAlive alive(grid_);
     ComPtr<IOleClientSite> clientSite(ControlOf(grid_).Ole.ClientSite());
-    if (!clientSite)
+    if (!clientSite || (verb == OLEIVERB_UIACTIVATE && uiActive_))
         return S_OK;
     if (HRESULT result = EnterSite(); FAILED(result))
         return result;
