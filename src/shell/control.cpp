@@ -160,9 +160,9 @@ bool MakeLongOfDouble(WORD flags, DISPPARAMS* parameters) noexcept
 }
 
 // Before a second try the texts of the first failure are given back.
-void ClearException(EXCEPINFO* exception) noexcept
+void ClearException(HRESULT outcome, EXCEPINFO* exception) noexcept
 {
-    if (!exception)
+    if (outcome != DISP_E_EXCEPTION || !exception)
         return;
     for (BSTR text : {exception->bstrSource, exception->bstrDescription, exception->bstrHelpFile})
         SysFreeString(text);
@@ -183,7 +183,7 @@ HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARA
     };
     HRESULT outcome = call();
     if (FAILED(outcome) && MakeLongOfDouble(flags, parameters)) {
-        ClearException(exception);
+        ClearException(outcome, exception);
         outcome = call();
     }
     // Script engines know no unsigned Long.
