@@ -34,5 +34,3 @@ void ApplyBorderStyle(Grid& grid)
     SetWindowLongPtrW(grid.Window, GWL_EXSTYLE, styleEx);
     SetWindowPos(grid.Window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
 }
-
-void RefreshMouseCursor(Grid&) {}

@@ -412,6 +412,47 @@ TEST_F(Members, MousePointersHaveGaps)
     EXPECT_EQ(host.get_MousePointer(nullptr), E_POINTER);
 }
 
+struct CursorMessages {
+    LPARAM TestedAt = 0;
+    WPARAM Window = 0;
+    LPARAM SetFor = 0;
+    int Count = 0;
+};
+CursorMessages cursorMessages;
+
+LRESULT CALLBACK CursorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_NCHITTEST) {
+        cursorMessages.TestedAt = lParam;
+        return HTBORDER;
+    }
+    if (message == WM_SETCURSOR) {
+        cursorMessages.Window = wParam;
+        cursorMessages.SetFor = lParam;
+        ++cursorMessages.Count;
+        return TRUE;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(MembersWithWindow, ANewMousePointerShowsWhileTheMouseRests)
+{
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CursorProcedure));
+    POINT at = {};
+    GetCursorPos(&at);
+    cursorMessages = {};
+    bool shown = false;
+    sink.On = [&](DISPID) { shown = cursorMessages.Count == 1; };
+    EXPECT_EQ(host.put_MousePointer(lorvHand), S_OK);
+    EXPECT_EQ(cursorMessages.TestedAt, MAKELPARAM(at.x, at.y));
+    EXPECT_EQ(cursorMessages.Window, reinterpret_cast<WPARAM>(window_));
+    EXPECT_EQ(LOWORD(cursorMessages.SetFor), HTBORDER);
+    EXPECT_EQ(cursorMessages.Count, 1);
+    EXPECT_TRUE(shown) << "before the sink hears of it";
+    EXPECT_EQ(host.put_MousePointer(static_cast<MousePointerSettings>(20)), LORV_E_VALUE);
+    EXPECT_EQ(cursorMessages.Count, 1);
+}
+
 TEST_F(Members, EditableNeverRefuses)
 {
     const int values[][2] = {{0, 0}, {1, 1}, {2, 2}, {3, 1}, {5, 1}, {-1, 1}, {INT_MIN, 1}, {INT_MAX, 1}};
