@@ -73,14 +73,22 @@ void DrawOnScreen(Grid& grid, HDC dc, const RECT& bounds)
     PaintGrid(grid, buffer.Get(), bounds, &clip);
 }
 
+bool IsMetafile(HDC dc) noexcept
+{
+    DWORD type = GetObjectType(dc);
+    return type == OBJ_METADC || type == OBJ_ENHMETADC;
+}
+
 // For a metafile or another device: the client area as a picture.
 void DrawForHost(Grid& grid, const DrawInfo& info)
 {
+    ScreenDC screen;
+    HDC device = IsMetafile(info.Target) ? screen.Get() : info.Target;
     RECT client = ClientRectOf(grid);
-    HDC memory = CreateCompatibleDC(info.Target);
+    HDC memory = CreateCompatibleDC(device);
     if (!memory)
         return;
-    if (Bitmap bitmap(CreateCompatibleBitmap(info.Target, client.right, client.bottom)); bitmap) {
+    if (Bitmap bitmap(CreateCompatibleBitmap(device, client.right, client.bottom)); bitmap) {
         SelectedObject selected(memory, bitmap.Get());
         PaintGrid(grid, memory, client, nullptr);
         RECT edge = client;
@@ -224,12 +232,6 @@ void PaintSheet(Grid& grid, HDC dc, RECT bounds, const RECT* clip)
         DrawPageBorder(grid, dc, sheet);
     else
         DrawAroundSheet(grid, dc, bounds, sheet);
-}
-
-bool IsMetafile(HDC dc) noexcept
-{
-    DWORD type = GetObjectType(dc);
-    return type == OBJ_METADC || type == OBJ_ENHMETADC;
 }
 
 // The cells of one row, from the leading edge on.
@@ -393,7 +395,7 @@ void OnDraw(Grid& grid, const DrawInfo& info)
     ++drawCount;
     bool focused = grid.Window && GetFocus() == grid.Window;
     grid.PaintMode = focused ? grid.PaintMode | PaintHasFocus : grid.PaintMode & ~uint32_t{PaintHasFocus};
-    if (info.Context == info.Target)
+    if (info.Context == info.Target && !IsMetafile(info.Context))
         DrawOnScreen(grid, info.Context, info.Bounds);
     else
         DrawForHost(grid, info);
