@@ -95,6 +95,8 @@ HRESULT MakeGridPicture(Grid& grid, IPictureDisp** picture)
 {
     KeepAlive alive(grid);
     *picture = nullptr;
+    if (grid.DefaultRowHeight == 0) // a control that never had a window
+        RecalcDefaultRowHeight(grid);
     SIZE size = SheetSize(grid);
     RECT sheet = {0, 0, size.cx, size.cy};
     return grid.PictureType == lorvPictureEnhMetafile ? MakeMetafile(grid, sheet, picture)
