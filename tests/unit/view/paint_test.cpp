@@ -352,7 +352,6 @@ TEST_F(Draws, KeepTheNumberOfGdiObjects)
     grid.Redraw = lorvRDBuffered;
     SetText(1, 1, L"text");
     Format(2, 2).BackColor = RGB(1, 2, 3), Format(2, 2).BackColorSet = 1;
-    grid.RowTable[3].Cells = nullptr;
     EnsureRowCells(grid, 3);
     grid.RowTable[3].Cells[1].State = lorvChecked << CheckStateShift;
     Draw();
