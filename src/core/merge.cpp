@@ -2,7 +2,12 @@
 
 void RebuildMergeLinks(Grid&) {}
 
-CellRange MergedRangeOf(Grid&, int row, int col)
+CellRange MergedRangeOf(const Grid&, int row, int col) noexcept
 {
     return {row, col, row, col};
+}
+
+bool MergedPaintRect(Grid&, int, int, RECT&, const RECT&)
+{
+    return false;
 }
