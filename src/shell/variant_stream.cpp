@@ -123,8 +123,11 @@ HRESULT ReadText(IStream& stream, BSTR* text)
     return *text ? S_OK : E_OUTOFMEMORY;
 }
 
+// No text becomes an array or a reference: such a type is not from a stream of ours.
 HRESULT ReadAsText(IStream& stream, VARTYPE type, VARIANT& value)
 {
+    if (type & ~VT_TYPEMASK)
+        return DISP_E_BADVARTYPE;
     OwnedVariant text;
     text.Get().vt = VT_BSTR;
     if (HRESULT result = ReadText(stream, &text.Get().bstrVal); FAILED(result))
