@@ -10,6 +10,7 @@
 #include "screenshot.h"
 #include "script_engine.h"
 #include "text_io.h"
+#include <ole2.h>
 #include <shellapi.h>
 
 namespace
