@@ -1,5 +1,8 @@
 # Flags that all builds share, and ccache when it is there.
 
+if(LORV_CCACHE AND NOT EXISTS "${LORV_CCACHE}")
+    unset(LORV_CCACHE CACHE)
+endif()
 find_program(LORV_CCACHE ccache)
 if(LORV_CCACHE)
     # The environment's cache wins; without one the cache stays in the build directory. Relative paths let
