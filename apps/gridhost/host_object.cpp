@@ -119,6 +119,10 @@ STDMETHODIMP HostObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*
     if (count < row.fewest || count > row.most)
         return DISP_E_BADPARAMCOUNT;
 
+    if (state_.quitting) { // a script that passes over errors gets nothing done after Quit
+        Describe(exception, E_ABORT, row.name);
+        return DISP_E_EXCEPTION;
+    }
     AddRef(); // the call may end the run
     Variant answer;
     HRESULT hr = (this->*(put ? row.put : row.call))(Arguments(*params), answer);
