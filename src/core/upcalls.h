@@ -52,8 +52,6 @@ void RebuildOutlineLevels(Grid& grid);
 
 // The window of the open cell editor, null while there is none.
 HWND OpenEditorWindow(const Grid& grid);
-// The typed characters of a running search, `grid.SearchLength` of them.
-const wchar_t* SearchedText(const Grid& grid);
 
 // shell
 // Asks the site of a windowless control, or the view advise sink of an inactive one, for a repaint.

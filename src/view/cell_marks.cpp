@@ -16,30 +16,39 @@ constexpr int DoubleBorder = 100; // a border of this width or more is two thin 
 constexpr int DoubleBorderStep = 2;
 constexpr int SortMarkRoom = 16; // pixels
 
-struct BorderWidths {
-    int Left, Top, Right, Bottom;
-    OLE_COLOR LeftTopColor, RightBottomColor;
+enum class Edge { Left, Top, Right, Bottom };
+constexpr int EdgeCount = 4;
+
+struct Border {
+    int Width;
+    OLE_COLOR Color;
+};
+// By Edge.
+struct CellBorders {
+    Border Edges[EdgeCount];
 };
 
-// The right and bottom of a merged range are those of its last cell, where it has any.
-bool ReadBorders(const Grid& grid, const PaintedCell& cell, BorderWidths& widths) noexcept
+void TakeOver(Border& edge, int width, OLE_COLOR colour) noexcept
 {
-    const CellFormat* own = FormatForPaint(grid, cell.Row, cell.Col);
-    if (!own)
-        return false;
-    widths = {own->BorderLeft,   own->BorderTop,   own->BorderRight,
-              own->BorderBottom, own->BorderColor, own->BorderColor};
-    const CellFormat* last =
-        MergesAtAll(grid) ? FormatForPaint(grid, cell.Range.Row2, cell.Range.Col2) : nullptr;
-    if (last && last != own && (last->BorderRight || last->BorderBottom)) {
-        widths.Right = last->BorderRight;
-        widths.Bottom = last->BorderBottom;
-        widths.RightBottomColor = last->BorderColor;
-    }
-    return true;
+    if (width != 0)
+        edge = {width, colour};
 }
 
-enum class Edge { Left, Top, Right, Bottom };
+// The right and bottom of a merged range are those of its last cell, where it has any.
+CellBorders BordersOf(const Grid& grid, const PaintedCell& cell, const CellFormat& own) noexcept
+{
+    CellBorders borders = {{{own.BorderLeft, own.BorderColor},
+                            {own.BorderTop, own.BorderColor},
+                            {own.BorderRight, own.BorderColor},
+                            {own.BorderBottom, own.BorderColor}}};
+    if (!MergesAtAll(grid))
+        return borders;
+    if (const CellFormat* last = FormatForPaint(grid, cell.Range.Row2, cell.Range.Col2)) {
+        TakeOver(borders.Edges[static_cast<int>(Edge::Right)], last->BorderRight, last->BorderColor);
+        TakeOver(borders.Edges[static_cast<int>(Edge::Bottom)], last->BorderBottom, last->BorderColor);
+    }
+    return borders;
+}
 
 RECT StripOf(const RECT& area, Edge edge, int width) noexcept
 {
@@ -71,8 +80,6 @@ void FillWithin(HDC dc, const RECT& strip, const RECT& area) noexcept
 
 void FillEdge(HDC dc, const RECT& area, Edge edge, int width) noexcept
 {
-    if (width == 0)
-        return;
     bool doubled = width >= DoubleBorder;
     RECT strip = StripOf(area, edge, doubled ? 1 : width);
     FillWithin(dc, strip, area);
@@ -175,15 +182,16 @@ void DrawRaisedMark(HDC dc, RECT area, UINT edge) noexcept
 
 void DrawCellBorders(Grid& grid, HDC dc, const PaintedCell& cell)
 {
-    BorderWidths widths = {};
-    if (!ReadBorders(grid, cell, widths) || !(widths.Left | widths.Top | widths.Right | widths.Bottom))
+    const CellFormat* format = FormatForPaint(grid, cell.Row, cell.Col);
+    if (!format)
         return;
-    COLORREF previous = SetBkColor(dc, TranslatedColor(grid, widths.LeftTopColor));
-    FillEdge(dc, cell.Area, Edge::Left, widths.Left);
-    FillEdge(dc, cell.Area, Edge::Top, widths.Top);
-    SetBkColor(dc, TranslatedColor(grid, widths.RightBottomColor));
-    FillEdge(dc, cell.Area, Edge::Right, widths.Right);
-    FillEdge(dc, cell.Area, Edge::Bottom, widths.Bottom);
+    CellBorders borders = BordersOf(grid, cell, *format);
+    COLORREF previous = GetBkColor(dc);
+    for (int edge = 0; edge < EdgeCount; ++edge)
+        if (const Border& border = borders.Edges[edge]; border.Width != 0) {
+            SetBkColor(dc, TranslatedColor(grid, border.Color));
+            FillEdge(dc, cell.Area, static_cast<Edge>(edge), border.Width);
+        }
     SetBkColor(dc, previous);
 }
 
