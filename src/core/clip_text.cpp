@@ -3,10 +3,13 @@
 #include "core/cell_pos.h"
 #include "core/cell_store.h"
 #include "core/events.h"
+#include "core/property_frame.h"
 #include "core/upcalls.h"
+#include "platform/bstr.h"
 #include "platform/memory.h"
 
 #include <cwchar>
+#include <utility>
 
 ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexcept
 {
@@ -66,6 +69,41 @@ private:
     size_t capacity_ = 0;
     bool failed_ = false;
 };
+
+// False when the range left the grid: a text source can change it at every read.
+bool AppendRow(Grid& grid, TextBlock& clip, const CellRange& range, int row, wchar_t separator)
+{
+    for (int col = range.Col1; col <= range.Col2; ++col) {
+        if (!range.Within(grid.Rows, grid.Cols))
+            return false;
+        if (col > range.Col1)
+            clip.Append(&separator, 1);
+        clip.Append(GetCellText(grid, row, col));
+    }
+    return true;
+}
+
+void AppendRowSeparator(TextBlock& clip, const ClipSeparatorPair& separators, bool fixedSeparators) noexcept
+{
+    clip.Append(fixedSeparators ? L"\r\n" : &separators.Row, fixedSeparators ? 2 : 1);
+}
+
+wchar_t* ClipOfSelectedRows(Grid& grid, bool fixedSeparators)
+{
+    ClipSeparatorPair separators = ClipSeparatorsOf(grid, fixedSeparators);
+    TextBlock clip;
+    bool first = true;
+    for (int row = grid.FixedRows; row < grid.Rows; ++row) {
+        if (!(grid.RowTable[row].Flags & RowFlagSelected))
+            continue;
+        if (!std::exchange(first, false))
+            AppendRowSeparator(clip, separators, fixedSeparators);
+        if (grid.FixedCols < grid.Cols &&
+            !AppendRow(grid, clip, {row, grid.FixedCols, row, grid.Cols - 1}, row, separators.Col))
+            return nullptr;
+    }
+    return clip.Detach();
+}
 } // namespace
 
 wchar_t* ClipOfRange(Grid& grid, int row1, int col1, int row2, int col2, bool fixedSeparators)
@@ -75,16 +113,18 @@ wchar_t* ClipOfRange(Grid& grid, int row1, int col1, int row2, int col2, bool fi
     TextBlock clip;
     for (int row = range.Row1; row <= range.Row2; ++row) {
         if (row > range.Row1)
-            clip.Append(fixedSeparators ? L"\r\n" : &separators.Row, fixedSeparators ? 2 : 1);
-        for (int col = range.Col1; col <= range.Col2; ++col) {
-            if (!range.Within(grid.Rows, grid.Cols)) // asked each time: a text source can change the grid
-                return nullptr;
-            if (col > range.Col1)
-                clip.Append(&separators.Col, 1);
-            clip.Append(GetCellText(grid, row, col));
-        }
+            AppendRowSeparator(clip, separators, fixedSeparators);
+        if (!AppendRow(grid, clip, range, row, separators.Col))
+            return nullptr;
     }
     return clip.Detach();
+}
+
+wchar_t* ClipOfSelection(Grid& grid, bool fixedSeparators)
+{
+    if (grid.SelectionMode == lorvSelectionListBox)
+        return ClipOfSelectedRows(grid, fixedSeparators);
+    return ClipOfRange(grid, grid.Row, grid.Col, grid.RowSel, grid.ColSel, fixedSeparators);
 }
 
 HRESULT PutRowText(Grid& grid, const wchar_t* text, int row, int col1, int col2, bool fixedSeparators)
@@ -133,5 +173,42 @@ HRESULT PutClip(Grid& grid, const wchar_t* text, int row1, int col1, int row2, i
         if (separator == L'\r' && *text == L'\n')
             ++text;
     }
+    return S_OK;
+}
+
+HRESULT SetClip(Grid& grid, const wchar_t* text)
+{
+    KeepAlive alive(grid);
+    if (!text || !*text) {
+        int row = grid.Row, col = grid.Col;
+        HRESULT result = SetCellText(grid, row, col, nullptr);
+        if (SUCCEEDED(result) && IsCell(grid, row, col))
+            RepaintCell(grid, row, col);
+        return result;
+    }
+    wchar_t* copy = DuplicateText(text);
+    if (!copy)
+        return LORV_E_MEMORY;
+    HRESULT result = PutClip(grid, copy, grid.Row, grid.Col, grid.RowSel, grid.ColSel, false);
+    FreeBlock(copy);
+    return result;
+}
+
+HRESULT SetClipSeparators(Grid& grid, BSTR text)
+{
+    UINT length = SysStringLen(text);
+    if (length != 0) {
+        if (length != 2 || text[0] == text[1])
+            return LORV_E_VALUE;
+        for (UINT i = 0; i < length; ++i)
+            if (text[i] <= 0xFF && IsDBCSLeadByte(static_cast<BYTE>(text[i])))
+                return LORV_E_VALUE;
+    }
+    Bstr copy(length ? text : L"");
+    if (length && !copy.Get())
+        return LORV_E_MEMORY;
+    SysFreeString(grid.ClipSeparators);
+    grid.ClipSeparators = copy.Detach();
+    MarkDirtyAndNotify(grid, 182);
     return S_OK;
 }

@@ -13,7 +13,9 @@ ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexc
 
 // The clip string of a range whose corners come in any order. The caller frees it with FreeBlock. Null when
 // the range leaves the grid or memory runs out.
-wchar_t* ClipOfRange(Grid& grid, int row1, int col1, int row2, int col2, bool fixedSeparators);
+[[nodiscard]] wchar_t* ClipOfRange(Grid& grid, int row1, int col1, int row2, int col2, bool fixedSeparators);
+// The same of the selection; in list-box mode of the selected rows, without their fixed columns.
+[[nodiscard]] wchar_t* ClipOfSelection(Grid& grid, bool fixedSeparators);
 
 // Writes a clip string into a range. What the string has no part for stays as it is, and surplus parts are
 // dropped. LORV_E_INDEX, LORV_E_MEMORY, or the code of the first cell that failed.
@@ -21,3 +23,8 @@ HRESULT PutClip(Grid& grid, const wchar_t* text, int row1, int col1, int row2, i
                 bool fixedSeparators);
 // The same with the texts of one row.
 HRESULT PutRowText(Grid& grid, const wchar_t* text, int row, int col1, int col2, bool fixedSeparators);
+
+// What `Clip` sets: the selection, or with an empty text the current cell alone.
+HRESULT SetClip(Grid& grid, const wchar_t* text);
+// Two different characters, neither a lead byte, or nothing. LORV_E_VALUE, LORV_E_MEMORY.
+HRESULT SetClipSeparators(Grid& grid, BSTR text);

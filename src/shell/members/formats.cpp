@@ -1,58 +1,60 @@
-// Members of the grid: formats, clip strings and FormatString.
-#include "shell/members/members.h"
-
-#include "core/errors.h"
-#include "core/upcalls.h"
+// Members of the grid: column formats, Clip strings and FormatString.
+#include "core/clip_text.h"
+#include "core/format_string.h"
 #include "core/value_format.h"
-#include "platform/bstr.h"
-
-static HRESULT NotBuilt()
-{
-    return E_NOTIMPL;
-}
+#include "platform/memory.h"
+#include "shell/members/members.h"
+#include "shell/members/property_setters.h"
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ColFormat(LONG col, BSTR* result)
 {
-    if (!result)
-        return E_POINTER;
-    *result = nullptr;
-    return IsCol(*this, col) ? ReturnText(result, ColTable[col].ColFormat) : LORV_E_INDEX;
+    if (!IsCol(*this, col))
+        return result ? LORV_E_INDEX : E_POINTER;
+    return ReturnText(result, ColTable[col].ColFormat);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_ColFormat(LONG col, BSTR value)
 {
-    const HRESULT result = SetColFormat(*this, col, value);
-    if (SUCCEEDED(result))
+    HRESULT code = SetColFormat(*this, col, value);
+    if (SUCCEEDED(code))
         RepaintGrid(*this);
-    return result;
+    return code;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_FormatString(BSTR*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_FormatString(BSTR* result)
 {
-    return NotBuilt();
+    return ReturnText(result, FormatString);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_FormatString(BSTR)
+HRESULT STDMETHODCALLTYPE GridMembers::put_FormatString(BSTR value)
 {
-    return NotBuilt();
+    return SetFormatString(*this, value);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_Clip(BSTR*)
+// An empty selection's text, and a text that there is no memory for, is a null string.
+HRESULT STDMETHODCALLTYPE GridMembers::get_Clip(BSTR* result)
 {
-    return NotBuilt();
+    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
+        return guard;
+    wchar_t* clip = ClipOfSelection(*this, false);
+    *result = clip && *clip ? SysAllocString(clip) : nullptr;
+    FreeBlock(clip);
+    return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_Clip(BSTR)
+HRESULT STDMETHODCALLTYPE GridMembers::put_Clip(BSTR value)
 {
-    return NotBuilt();
+    return SetClip(*this, value);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_ClipSeparators(BSTR*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_ClipSeparators(BSTR* result)
 {
-    return NotBuilt();
+    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
+        return guard;
+    return ReturnText(result, ClipSeparators);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_ClipSeparators(BSTR)
+HRESULT STDMETHODCALLTYPE GridMembers::put_ClipSeparators(BSTR value)
 {
-    return NotBuilt();
+    return SetClipSeparators(*this, value);
 }
