@@ -1,16 +1,13 @@
 // Headers that are expensive and never change. The sources still include what they use.
+#define WIN32_LEAN_AND_MEAN
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
-#include <memory>
-#include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include <windows.h>
 #include <windowsx.h>

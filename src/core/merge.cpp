@@ -1,6 +1,6 @@
 #include "core/merge.h"
 
-#include "core/cell_property.h"
+#include "core/check_state.h"
 #include "core/cell_store.h"
 #include "core/merge_links.h"
 #include "core/outline_level.h"

@@ -91,7 +91,7 @@ bool AppendKey(Arena& arena, const wchar_t* text, DWORD flags, CollationKey& key
 double DateKey(const wchar_t* text) noexcept
 {
     double value = 0.0;
-    return TextToDateOrNumber(text, value) ? value : 0.0;
+    return TextToDateOrNumber(text, &value) ? value : 0.0;
 }
 } // namespace
 

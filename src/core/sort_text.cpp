@@ -34,7 +34,7 @@ int CompareStrings(DWORD flags, const wchar_t* x, const wchar_t* y) noexcept
 double DateValue(const wchar_t* text) noexcept
 {
     double value = 0.0;
-    return TextToDateOrNumber(text, value) ? value : 0.0;
+    return TextToDateOrNumber(text, &value) ? value : 0.0;
 }
 
 int CompareDates(const wchar_t* x, const wchar_t* y) noexcept

@@ -318,12 +318,7 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_ValueMatrix(LONG row, LONG col, DOUBL
 {
     if (!IsCell(*this, row, col))
         return LORV_E_INDEX;
-    bool boolean = ColTable[col].ColDataType == lorvDTBoolean && !IsFixedCell(*this, row, col);
-    const wchar_t* text = GetCellText(*this, row, col);
-    bool on = false;
-    if (boolean && TextToBoolean(text, on))
-        return Return(result, on ? -1.0 : 0.0);
-    return Return(result, TextToDouble(text));
+    return Return(result, ValueOfCell(*this, row, col));
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_TextArray(LONG index, BSTR* result)
