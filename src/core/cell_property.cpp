@@ -173,24 +173,11 @@ HRESULT SetCellPropertyRange(Grid& grid, const CellRange& range, CellSelector se
 
 namespace
 {
-bool MergesOutline(const Grid& grid) noexcept
-{
-    return grid.MergeCells == lorvMergeOutline || grid.MergeCellsFixed == lorvMergeOutline;
-}
-
 bool CurrentCellMayMerge(const Grid& grid) noexcept
 {
     if (!MergesAtAll(grid) || !IsCell(grid, grid.Row, grid.Col))
         return false;
-    const RowRecord& row = grid.RowTable[grid.Row];
-    return row.MergeRow != 0 || SpillsText(grid) || (MergesOutline(grid) && (row.Flags & RowFlagSubtotal)) ||
-           grid.ColTable[grid.Col].MergeCol != 0;
-}
-
-bool HasLink(const Grid& grid, int row, int col, MergeLink link) noexcept
-{
-    const CellRecord* cells = grid.RowTable[row].Cells;
-    return cells && (cells[col].State & link) != 0;
+    return RowMerges(grid, grid.Row) || grid.ColTable[grid.Col].MergeCol != 0;
 }
 
 // The cells linked to one, along its own row and column. The links are followed whatever the row and the
@@ -198,13 +185,13 @@ bool HasLink(const Grid& grid, int row, int col, MergeLink link) noexcept
 CellRange LinkedRange(const Grid& grid, int row, int col) noexcept
 {
     CellRange range(row, col, row, col);
-    while (range.Row1 > grid.FixedRows && HasLink(grid, range.Row1, col, LinkAbove))
+    while (range.Row1 > grid.FixedRows && (MergeLinksOf(grid, range.Row1, col) & LinkAbove))
         --range.Row1;
-    while (range.Row2 + 1 < grid.Rows && HasLink(grid, range.Row2, col, LinkBelow))
+    while (range.Row2 + 1 < grid.Rows && (MergeLinksOf(grid, range.Row2, col) & LinkBelow))
         ++range.Row2;
-    while (range.Col1 > grid.FixedCols && HasLink(grid, row, range.Col1, LinkLeft))
+    while (range.Col1 > grid.FixedCols && (MergeLinksOf(grid, row, range.Col1) & LinkLeft))
         --range.Col1;
-    while (range.Col2 + 1 < grid.Cols && HasLink(grid, row, range.Col2, LinkRight))
+    while (range.Col2 + 1 < grid.Cols && (MergeLinksOf(grid, row, range.Col2) & LinkRight))
         ++range.Col2;
     return range;
 }

@@ -454,6 +454,25 @@ TEST(MergedCheckBox, StopsAtTheFixedPartAndAtTheTablesEdge)
             EXPECT_EQ(BoxAt(grid, row, col), row >= 1 && col >= 1 ? lorvChecked : lorvNoCheckbox);
 }
 
+// Stale links are brought up to date first, unless nothing is drawn.
+TEST(MergedCheckBox, FollowsLinksThatAreUpToDate)
+{
+    for (bool redraw : {true, false}) {
+        Grid grid;
+        grid.MergeCells = lorvMergeFree;
+        grid.ColTable[3].MergeCol = 1;
+        for (int row = 2; row <= 4; ++row)
+            SetCellText(grid, row, 3, L"same");
+        ASSERT_TRUE(HasOption(grid, OptionMergeStale));
+        Select(grid, 3, 3, 3, 3);
+        grid.Redraw = redraw ? lorvRDDirect : lorvRDNone;
+        ASSERT_EQ(SetCellPropertySelection(grid, CellSelector::CheckState, lorvChecked), S_OK);
+        EXPECT_EQ(BoxAt(grid, 3, 3), lorvChecked);
+        EXPECT_EQ(BoxAt(grid, 2, 3), redraw ? lorvChecked : lorvNoCheckbox);
+        EXPECT_EQ(BoxAt(grid, 4, 3), redraw ? lorvChecked : lorvNoCheckbox);
+    }
+}
+
 TEST(MergedCheckBox, OtherPropertiesGoToTheCurrentCellAlone)
 {
     Grid grid;

@@ -448,6 +448,17 @@ TEST(CellMember, DataFollowsReferencesAndIsEachCellsOwn)
     EXPECT_NE(CellFormatOf(grid, 1, 1)->Data->bstrVal, CellFormatOf(grid, 1, 2)->Data->bstrVal);
 }
 
+TEST(CellMember, SortsTheRowsOfItsRange)
+{
+    MemberGrid grid;
+    const wchar_t* texts[] = {L"c", L"a", L"b"};
+    for (int row = 1; row <= 3; ++row)
+        SetCellText(grid, row, 1, texts[row - 1]);
+    ASSERT_EQ(WriteRange(grid, lorvcpSort, {3, 1, 1, 1}, Value(lorvSortGenericAscending)), S_OK);
+    EXPECT_EQ(TextAt(grid, 1, 1) + TextAt(grid, 2, 1) + TextAt(grid, 3, 1), L"abc");
+    EXPECT_EQ(WriteRange(grid, lorvcpSort, {1, 1, 3, 1}, Value(11)), LORV_E_VALUE);
+}
+
 TEST(CellMember, SurvivesArgumentsThatChangeTheGrid)
 {
     MemberGrid grid;
