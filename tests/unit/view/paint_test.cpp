@@ -230,6 +230,94 @@ TEST_F(Sheet, LeavesTheContextAsItWas)
     EXPECT_EQ(GetBkColor(dc), RGB(3, 2, 1));
 }
 
+class Merged : public PaintTest
+{
+protected:
+    Merged()
+    {
+        grid.MergeCells = grid.MergeCellsFixed = lorvMergeFree;
+        grid.ColTable[1].MergeCol = 1;
+        for (int row = 2; row <= 4; ++row)
+            SetText(row, 1, L"HHH");
+        SetOption(grid, OptionMergeStale, true);
+    }
+    static constexpr RECT Range = {50, 40, 100, 100};
+};
+
+TEST_F(Merged, CellsShowAsOne)
+{
+    Paint();
+    EXPECT_EQ(canvas.At(55, 39), Line);
+    EXPECT_EQ(canvas.At(55, 59), Back) << "no line between the members";
+    EXPECT_EQ(canvas.At(55, 79), Back);
+    EXPECT_EQ(canvas.At(55, 99), Line);
+    RECT ink = canvas.Extent(Range, Ink);
+    EXPECT_GT(ink.top, 55) << "the text is in the middle, once";
+    EXPECT_LT(ink.bottom, 85);
+}
+
+TEST_F(Merged, MembersAreAskedForTheWholeRange)
+{
+    grid.OwnerDraw = lorvODContent;
+    Paint();
+    int members = 0;
+    for (const FiredEvent& event : events.Events)
+        if (event.Values[2] == 1 && event.Values[1] >= 2 && event.Values[1] <= 4) {
+            ++members;
+            EXPECT_EQ(event.Values[4], Range.top);
+            EXPECT_EQ(event.Values[6], Range.bottom);
+        }
+    EXPECT_EQ(members, 3);
+}
+
+TEST_F(Merged, MembersPaintInTheirOwnFormat)
+{
+    Format(4, 1).BackColor = RGB(1, 200, 1), Format(4, 1).BackColorSet = 1;
+    Paint();
+    EXPECT_EQ(canvas.At(55, 45), RGB(1, 200, 1)) << "the last member is painted last";
+}
+
+TEST_F(Merged, RightAndBottomBordersComeFromTheLastCell)
+{
+    for (int row = 2; row <= 4; ++row)
+        Format(row, 1).BorderColor = RGB(0, 0, 200), Format(row, 1).BorderLeft = 1;
+    Format(4, 1).BorderColor = RGB(200, 0, 0);
+    Format(4, 1).BorderBottom = 2;
+    Paint();
+    EXPECT_EQ(canvas.At(75, 98), RGB(200, 0, 0));
+    EXPECT_EQ(canvas.At(75, 58), Back);
+}
+
+TEST_F(Merged, TextSpillsOverEmptyCells)
+{
+    ResizeRows(grid, 2);
+    grid.RowTable[1].Height = RowHeight;
+    grid.MergeCells = grid.MergeCellsFixed = lorvMergeSpill;
+    SetText(1, 1, L"HHHHHHHHHHHH");
+    SetOption(grid, OptionMergeStale, true);
+    Paint();
+    EXPECT_GT(canvas.Count(CellAt(1, 2), Ink), 0);
+    EXPECT_EQ(canvas.At(99, 38), Back) << "no line through the text";
+}
+
+TEST_F(Merged, RangesEndJustPastTheBounds)
+{
+    PaintGrid(grid, canvas.Get(), {0, 0, 300, 70}, nullptr);
+    EXPECT_EQ(canvas.At(55, 70), Line) << "the range's bottom line is one pixel past the bounds";
+    EXPECT_EQ(canvas.At(55, 75), Untouched);
+}
+
+TEST_F(Merged, LinksAreBroughtUpToDateByThePaint)
+{
+    EXPECT_TRUE(HasOption(grid, OptionMergeStale));
+    Paint();
+    EXPECT_FALSE(HasOption(grid, OptionMergeStale));
+    SetText(3, 1, L"other");
+    EXPECT_TRUE(HasOption(grid, OptionMergeStale));
+    Paint();
+    EXPECT_EQ(canvas.At(55, 59), Line);
+}
+
 class Draws : public PaintTest
 {
 protected:
