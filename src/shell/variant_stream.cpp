@@ -209,7 +209,7 @@ HRESULT ReadVariantFromStream(IStream& stream, VARIANT& value)
         return result;
     if (ULONG size = NumberSize(type)) {
         HRESULT result = ReadBytes(stream, &value.bVal, size);
-        value.vt = SUCCEEDED(result) ? type : VT_EMPTY;
+        value.vt = SUCCEEDED(result) ? static_cast<VARTYPE>(type) : static_cast<VARTYPE>(VT_EMPTY);
         return result;
     }
     return IsObject(type) ? ReadObject(stream, type, value) : ReadAsText(stream, type, value);
