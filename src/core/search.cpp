@@ -6,6 +6,7 @@
 #include "platform/com_ptr.h"
 #include "platform/variant.h"
 
+#include <cstring>
 #include <cwchar>
 
 namespace
@@ -42,8 +43,10 @@ int FindText(Grid& grid, const Bstr& item, const FindOptions& options)
 
 bool TextOf(const VARIANT& item, Bstr& text) noexcept
 {
+    const VARIANT& end = FollowVariant(item);
     OwnedVariant converted;
-    if (FAILED(VariantChangeType(&converted.Get(), const_cast<VARIANT*>(&FollowVariant(item)), 0, VT_BSTR)))
+    if (IsNullReference(end) ||
+        FAILED(VariantChangeType(&converted.Get(), const_cast<VARIANT*>(&end), 0, VT_BSTR)))
         return false;
     *text.Put() = converted.Get().bstrVal;
     converted.Get().vt = VT_EMPTY;
@@ -54,6 +57,7 @@ bool TextOf(const VARIANT& item, Bstr& text) noexcept
 HRESULT FindRow(Grid& grid, const VARIANT& item, const FindOptions& options, int& found)
 {
     found = -1;
+    KeepAlive alive(grid); // objects among the values are foreign code
     if (options.Col < 0) {
         found = FindRowData(grid, item, options);
         return S_OK;
@@ -70,9 +74,11 @@ namespace
 {
 bool CompareTexts(BSTR item, BSTR value, bool caseSensitive, bool fullMatch) noexcept
 {
+    if (caseSensitive && fullMatch) {
+        UINT bytes = SysStringByteLen(item);
+        return bytes == SysStringByteLen(value) && (bytes == 0 || std::memcmp(item, value, bytes) == 0);
+    }
     UINT itemLength = SysStringLen(item), valueLength = SysStringLen(value);
-    if (caseSensitive && fullMatch)
-        return itemLength == valueLength && (itemLength == 0 || std::wmemcmp(item, value, itemLength) == 0);
     if (itemLength == 0 && valueLength == 0)
         return true;
     int length = fullMatch ? -1 : static_cast<int>(itemLength);
@@ -84,6 +90,12 @@ bool CompareTexts(BSTR item, BSTR value, bool caseSensitive, bool fullMatch) noe
                           value ? value : L"", length) == CSTR_EQUAL;
 }
 
+bool CopyByValue(OwnedVariant& copy, const VARIANT& value) noexcept
+{
+    const VARIANT& end = FollowVariant(value);
+    return !IsNullReference(end) && SUCCEEDED(VariantCopyInd(&copy.Get(), const_cast<VARIANT*>(&end)));
+}
+
 bool SameDecimal(const DECIMAL& a, const DECIMAL& b) noexcept
 {
     return a.signscale == b.signscale && a.Hi32 == b.Hi32 && a.Lo64 == b.Lo64;
@@ -93,8 +105,7 @@ bool SameDecimal(const DECIMAL& a, const DECIMAL& b) noexcept
 bool CompareVariants(const VARIANT& item, const VARIANT& value, bool caseSensitive, bool fullMatch) noexcept
 {
     OwnedVariant first, second;
-    if (FAILED(VariantCopyInd(&first.Get(), const_cast<VARIANT*>(&FollowVariant(item)))) ||
-        FAILED(VariantCopyInd(&second.Get(), const_cast<VARIANT*>(&FollowVariant(value)))))
+    if (!CopyByValue(first, item) || !CopyByValue(second, value))
         return false;
     const VARIANT& a = first.Get();
     const VARIANT& b = second.Get();

@@ -186,6 +186,12 @@ bool HasNumberKeys(const ColRecord& column, int order, bool& dates) noexcept
     }
 }
 
+// Bound texts stay in place while the rows move, so that no key of a row may stand for them.
+bool KeepsOwnTexts(const Grid& grid) noexcept
+{
+    return grid.BoundKind == BoundNone && !grid.LorvDataSource;
+}
+
 void MakeKeys(SortContext& context) noexcept
 {
     if (context.FirstCol != context.LastCol)
@@ -196,7 +202,7 @@ void MakeKeys(SortContext& context) noexcept
     DWORD flags = 0;
     if (HasNumberKeys(grid.ColTable[col], context.Order, dates))
         MakeNumberKeys(context.Keys, grid, context.First, context.Last, col, dates);
-    else if (ComparesAsStrings(grid.ColTable[col], ModeOf(context, col), flags))
+    else if (KeepsOwnTexts(grid) && ComparesAsStrings(grid.ColTable[col], ModeOf(context, col), flags))
         MakeCollationKeys(context.Keys, grid, context.First, context.Last, col, flags);
 }
 
@@ -215,8 +221,10 @@ HRESULT SortRun(Grid& grid, int order, int first, int last, int col1, int col2)
     if (grid.ExplorerBar & ExplorerBarShowsOrder)
         RepaintGrid(grid);
     SortContext context{grid, order, first, last, col1, col2, {}};
-    MakeKeys(context);
     int rows = grid.Rows;
+    MakeKeys(context);
+    if (grid.Rows != rows || !IsCol(grid, col2)) // a text source took cells away
+        return LORV_E_VALUE;
     if (IsSorted(context))
         return S_OK;
     if (grid.Rows != rows)

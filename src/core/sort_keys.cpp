@@ -130,9 +130,10 @@ void MakeNumberKeys(RowKeys& keys, Grid& grid, int first, int last, int col, boo
     keys.Numbers = static_cast<double*>(AllocateZeroed(last - first + 1, sizeof(double)));
     for (int row = first; keys.Numbers && row <= last && IsCell(grid, row, col); ++row) {
         const wchar_t* text = GetCellText(grid, row, col);
-        keys.Numbers[row - first] = !text || !*text ? EmptyCellKey
-                                    : dates         ? DateKey(text)
-                                                    : ValueOfCell(grid, row, col);
+        bool empty = !text || !*text || !IsCell(grid, row, col); // a text source can take cells away
+        keys.Numbers[row - first] = empty   ? EmptyCellKey
+                                    : dates ? DateKey(text)
+                                            : ValueOfCell(grid, row, col);
         ++sortKeyStatistics.Made;
     }
 }

@@ -73,7 +73,7 @@ int CompareNumeric(int direction, const wchar_t* x, const wchar_t* y) noexcept
 const wchar_t* SortText(Grid& grid, int row, int col, bool second) noexcept
 {
     const wchar_t* text = GetCellText(grid, row, col);
-    if (!text)
+    if (!text || !IsCol(grid, col)) // a text source can take columns away
         return L"";
     text = ListTextOf(grid.ColTable[col], text);
     return second && text == ScratchText() ? CopyToSecondScratch(text) : text;
