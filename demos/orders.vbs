@@ -7,6 +7,7 @@ Const unicodeText = -1 ' TristateTrue
 Const colNumber = 1, colDate = 2, colCustomer = 3, colRegion = 4, colCity = 5, colProduct = 6
 Const colQuantity = 7, colPrice = 8, colTotal = 9, colPaid = 10, colRush = 11, colDone = 12
 Const colCount = 13 ' with the fixed column
+Const rowTitle = 0, rowHeader = 1, rowFirst = 2
 
 Dim missing ' members that this build of the control does not have yet
 missing = 0
@@ -17,7 +18,9 @@ ShapeGrid UBound(orders)
 FillHeaders orders(0)
 FillOrders orders
 Dress
-Host.Title = "Orders: " & UBound(orders) & " rows"
+SortOrders
+MergeRegions
+Host.Title = "Orders: " & UBound(orders) & " rows; " & Found("Rosa", "Jürgen Castaño")
 If missing > 0 Then Host.Echo "members not built yet:", missing
 
 Function ReadLines(file)
@@ -31,8 +34,8 @@ End Function
 
 Sub ShapeGrid(rowCount)
     Grid.Cols = colCount
-    Grid.Rows = rowCount + 1
-    Grid.FixedRows = 1
+    Grid.Rows = rowCount + rowFirst
+    Grid.FixedRows = rowFirst
     Grid.FixedCols = 1
     On Error Resume Next
     Grid.FrozenCols = 3 : Tally
@@ -43,17 +46,18 @@ Sub FillHeaders(line)
     Dim names, i
     names = Split(line, vbTab)
     For i = 0 To UBound(names)
-        Grid.TextMatrix(0, i + 1) = names(i)
+        Grid.TextMatrix(rowHeader, i + 1) = names(i)
     Next
+    Grid.TextMatrix(rowTitle, 1) = "Orders of the years 2023 and 2024, by region and city"
 End Sub
 
 Sub FillOrders(lines)
     Dim row, col, fields
     For row = 1 To UBound(lines)
         fields = Split(lines(row), vbTab)
-        Grid.TextMatrix(row, 0) = row
+        Grid.TextMatrix(row + 1, 0) = row
         For col = 0 To UBound(fields)
-            Grid.TextMatrix(row, col + 1) = fields(col)
+            Grid.TextMatrix(row + 1, col + 1) = fields(col)
         Next
     Next
 End Sub
@@ -82,8 +86,42 @@ Sub Dress
     Grid.ColFormat(colTotal) = "#,##0.00" : Tally
     Grid.ColDataType(colPaid) = 11 : Tally
     Grid.ColDataType(colRush) = 11 : Tally
-    Grid.Redraw = 2 : Tally
+    Grid.ColDataType(colDate) = lorvDTDate : Tally
+    Grid.ColFormat(colDate) = "d mmm yyyy" : Tally
+    Grid.RowHeight(rowTitle) = 480 : Tally
+    Grid.Cell(lorvcpFontSize, rowTitle, 1) = 13 : Tally
+    Grid.Cell(lorvcpFontBold, rowTitle, 1) = True : Tally
+    Grid.Cell(lorvcpAlignment, rowTitle, 1) = lorvAlignLeftCenter : Tally
 End Sub
+
+' By region, and by city within a region: a column's own order, and the columns of the selection.
+Sub SortOrders
+    On Error Resume Next
+    Grid.ColSort(colRegion) = lorvSortStringNoCaseAscending : Tally
+    Grid.ColSort(colCity) = lorvSortStringNoCaseDescending : Tally
+    Grid.Select rowFirst, colRegion, rowFirst, colCity : Tally
+    Grid.Sort = lorvSortUseColSort : Tally
+    Grid.Select rowFirst, colCustomer : Tally
+End Sub
+
+' Equal regions show as one cell, and the title flows over the empty cells beside it: two modes, one for the
+' fixed cells and one for the others, which a value from 100 on holds as two digits.
+Sub MergeRegions
+    On Error Resume Next
+    Grid.MergeCells = 100 + 10 * lorvMergeSpill + lorvMergeFree : Tally
+    Grid.MergeCol(colRegion) = True : Tally
+    Grid.Redraw = lorvRDBuffered : Tally
+End Sub
+
+' Where customers are found: by the beginning of a name, and by a whole one.
+Function Found(beginning, whole)
+    Dim first, pattern
+    On Error Resume Next
+    Found = beginning & "... in row " & Grid.FindRow(beginning, rowFirst, colCustomer, True, False) & ", "
+    Found = Found & whole & " in row " & Grid.FindRow(whole, rowFirst, colCustomer) & ", "
+    Found = Found & "/^R.*s$/ in row " & Grid.FindRowRegex("^R.*s$", rowFirst, colCustomer)
+    Tally
+End Function
 
 ' Counts the members that answered "not implemented"; any other failure is shown.
 Sub Tally
