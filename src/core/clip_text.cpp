@@ -14,7 +14,7 @@
 ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexcept
 {
     const wchar_t* chosen = fixedSeparators ? nullptr : grid.ClipSeparators;
-    if (!chosen || !chosen[0] || chosen[0] == chosen[1])
+    if (!chosen || !chosen[0] || !chosen[1] || chosen[0] == chosen[1])
         return {L'\t', L'\r'};
     return {chosen[0], chosen[1]};
 }
@@ -196,11 +196,11 @@ HRESULT SetClip(Grid& grid, const wchar_t* text)
 
 HRESULT SetClipSeparators(Grid& grid, BSTR text)
 {
-    UINT length = SysStringLen(text);
+    size_t length = text ? std::wcslen(text) : 0; // a terminator cannot separate anything
     if (length != 0) {
         if (length != 2 || text[0] == text[1])
             return LORV_E_VALUE;
-        for (UINT i = 0; i < length; ++i)
+        for (size_t i = 0; i < length; ++i)
             if (text[i] <= 0xFF && IsDBCSLeadByte(static_cast<BYTE>(text[i])))
                 return LORV_E_VALUE;
     }

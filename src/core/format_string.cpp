@@ -19,6 +19,10 @@ constexpr int TitleMargin = 8; // pixels beside a title, both sides together
 constexpr int RowPadding = 4;  // pixels above and below a text, together
 constexpr wchar_t ItemSeparators[] = L"|\t";
 
+enum class RecordForm { Bar, Full };
+constexpr int BarRecordFields = 8;
+constexpr int FullRecordFields = 10;
+
 // A screen device context with the grid's font in it.
 class TitleMeasure
 {
@@ -93,79 +97,97 @@ void ApplyRowItems(Grid& grid, TextSpan titles, TitleMeasure& measure)
     }
 }
 
+bool IsOutOfMemory(HRESULT result) noexcept
+{
+    return result == LORV_E_MEMORY || result == E_OUTOFMEMORY;
+}
+
 // One column's settings, each stored through its member, so that it is checked as a host's would be. A
-// refused field leaves that setting as it was.
+// refused field leaves that setting as it was; only a want of memory ends the reading.
 class ColumnRecord
 {
 public:
-    ColumnRecord(Grid& grid, int col) noexcept
-        : grid_(grid), members_(QueryFor<ILorvGrid>(grid.Outer, IID_ILorvGrid)), col_(col)
+    ColumnRecord(Grid& grid, int col, RecordForm form) noexcept
+        : grid_(grid), members_(QueryFor<ILorvGrid>(grid.Outer, IID_ILorvGrid)), col_(col), form_(form)
     {
     }
 
-    void Read(TextSpan record, int fieldCount)
+    HRESULT Read(TextSpan record)
     {
-        using Setter = void (ColumnRecord::*)(TextSpan);
+        using Setter = HRESULT (ColumnRecord::*)(TextSpan);
         static constexpr Setter setters[] = {
             &ColumnRecord::SetWidth,    &ColumnRecord::SetAlignment, &ColumnRecord::SetFixedAlignment,
             &ColumnRecord::SetFormat,   &ColumnRecord::SetEditMask,  &ColumnRecord::SetComboList,
             &ColumnRecord::SetDataType, &ColumnRecord::SetHidden,    &ColumnRecord::SetKey,
             &ColumnRecord::SetIndent,
         };
-        if (!members_)
-            return;
+        int fieldCount = form_ == RecordForm::Full ? FullRecordFields : BarRecordFields;
         TextParts fields(record, L"\t");
         TextSpan field;
-        for (int i = 0; i < fieldCount && fields.Next(field); ++i) {
+        for (int i = 0; members_ && i < fieldCount && fields.Next(field); ++i) {
             if (fields.Ended() && field.Empty())
                 break; // nothing stands behind the last tab
-            (this->*setters[i])(field);
+            if (HRESULT result = (this->*setters[i])(field); IsOutOfMemory(result))
+                return result;
         }
+        return S_OK;
     }
 
 private:
-    static Bstr TextOf(TextSpan field) noexcept
+    using TextMember = HRESULT (STDMETHODCALLTYPE ILorvGrid::*)(LONG col, BSTR value);
+    HRESULT SetText(TextMember member, TextSpan field)
     {
         Bstr text;
-        *text.Put() = SysAllocStringLen(field.Begin, field.Length());
-        return text;
+        *text.Put() = SysAllocStringLen(field.Begin, static_cast<UINT>(field.Length()));
+        return text.Get() ? (members_.Get()->*member)(col_, text.Get()) : LORV_E_MEMORY;
     }
 
-    void SetWidth(TextSpan field) { members_->put_ColWidth(col_, NumberOf(field)); }
-    void SetAlignment(TextSpan field)
+    HRESULT SetWidth(TextSpan field) { return members_->put_ColWidth(col_, NumberOf(field)); }
+    HRESULT SetAlignment(TextSpan field)
     {
-        members_->put_ColAlignment(col_, static_cast<AlignmentSettings>(NumberOf(field)));
+        return members_->put_ColAlignment(col_, static_cast<AlignmentSettings>(NumberOf(field)));
     }
-    // General, like the column itself, means that the fixed cells follow the column.
-    void SetFixedAlignment(TextSpan field)
+    // The grid's own records say general, like the column itself, where the fixed cells follow the column.
+    HRESULT SetFixedAlignment(TextSpan field)
     {
         int value = NumberOf(field);
-        if (value == lorvAlignGeneral && IsCol(grid_, col_) && grid_.ColTable[col_].Alignment == value)
+        if (form_ == RecordForm::Full && value == lorvAlignGeneral && IsCol(grid_, col_) &&
+            grid_.ColTable[col_].Alignment == value) {
             grid_.ColTable[col_].FixedAlignment = Unset;
-        else
-            members_->put_FixedAlignment(col_, static_cast<AlignmentSettings>(value));
+            return S_OK;
+        }
+        return members_->put_FixedAlignment(col_, static_cast<AlignmentSettings>(value));
     }
-    void SetFormat(TextSpan field) { members_->put_ColFormat(col_, TextOf(field).Get()); }
-    void SetEditMask(TextSpan field) { members_->put_ColEditMask(col_, TextOf(field).Get()); }
-    void SetComboList(TextSpan field) { members_->put_ColComboList(col_, TextOf(field).Get()); }
-    void SetDataType(TextSpan field)
+    HRESULT SetFormat(TextSpan field) { return SetText(&ILorvGrid::put_ColFormat, field); }
+    HRESULT SetEditMask(TextSpan field) { return SetText(&ILorvGrid::put_ColEditMask, field); }
+    HRESULT SetComboList(TextSpan field) { return SetText(&ILorvGrid::put_ColComboList, field); }
+    HRESULT SetDataType(TextSpan field)
     {
-        members_->put_ColDataType(col_, static_cast<DataTypeSettings>(NumberOf(field)));
+        return members_->put_ColDataType(col_, static_cast<DataTypeSettings>(NumberOf(field)));
     }
-    void SetHidden(TextSpan field)
+    HRESULT SetHidden(TextSpan field)
     {
-        members_->put_ColHidden(col_, static_cast<VARIANT_BOOL>(NumberOf(field)));
+        return members_->put_ColHidden(col_, static_cast<VARIANT_BOOL>(NumberOf(field)));
     }
-    void SetKey(TextSpan field) { members_->put_ColKey(col_, TextOf(field).Get()); }
-    void SetIndent(TextSpan field) { members_->put_ColIndent(col_, NumberOf(field)); }
+    HRESULT SetKey(TextSpan field) { return SetText(&ILorvGrid::put_ColKey, field); }
+    HRESULT SetIndent(TextSpan field) { return members_->put_ColIndent(col_, NumberOf(field)); }
 
     Grid& grid_;
     ComPtr<ILorvGrid> members_;
     int col_;
+    RecordForm form_;
 };
 
-constexpr int BarRecordFields = 8;
-constexpr int FullRecordFields = 10;
+// A line per column behind the titles of the bar form.
+HRESULT ApplyBarRecords(Grid& grid, TextSpan records)
+{
+    TextParts lines(records, L"\n");
+    TextSpan line;
+    HRESULT result = S_OK;
+    for (int col = 0; SUCCEEDED(result) && IsCol(grid, col) && lines.Next(line); ++col)
+        result = ColumnRecord(grid, col, RecordForm::Bar).Read(line);
+    return result;
+}
 
 HRESULT ParseFormatBar(Grid& grid, const wchar_t* text, TitleMeasure& measure)
 {
@@ -181,14 +203,7 @@ HRESULT ParseFormatBar(Grid& grid, const wchar_t* text, TitleMeasure& measure)
     ApplyColumnItems(grid, bar.Columns, measure);
     if (bar.RowTitles.Begin)
         ApplyRowItems(grid, bar.RowTitles, measure);
-    if (!bar.Records.Begin)
-        return S_OK;
-    TextParts lines(bar.Records, L"\n");
-    TextSpan line;
-    for (int col = 0; lines.Next(line) && IsCol(grid, col); ++col)
-        if (!line.Empty())
-            ColumnRecord(grid, col).Read(line, BarRecordFields);
-    return S_OK;
+    return bar.Records.Begin ? ApplyBarRecords(grid, bar.Records) : S_OK;
 }
 
 HRESULT ParseEqualBar(Grid& grid, const wchar_t* text, TitleMeasure& measure)
@@ -219,19 +234,22 @@ void ApplyTextRow(Grid& grid, int row, TextSpan text)
             MaxPixels);
 }
 
-void ParseFormatRecords(Grid& grid, const wchar_t* text)
+HRESULT ParseFormatRecords(Grid& grid, const wchar_t* text)
 {
     RecordSections sections = SplitRecords(text);
     TextParts records(sections.Records, L"\v");
     TextSpan record;
-    for (int col = 0; col < sections.Count && IsCol(grid, col) && records.Next(record); ++col)
-        ColumnRecord(grid, col).Read(record, FullRecordFields);
-    if (!sections.Texts.Begin)
-        return;
+    HRESULT result = S_OK;
+    for (int col = 0; SUCCEEDED(result) && col < sections.Count && IsCol(grid, col) && records.Next(record);
+         ++col)
+        result = ColumnRecord(grid, col, RecordForm::Full).Read(record);
+    if (FAILED(result) || !sections.Texts.Begin)
+        return result;
     TextParts rows(sections.Texts, L"\v");
     TextSpan row;
     for (int index = 0; IsRow(grid, index) && rows.Next(row); ++index)
         ApplyTextRow(grid, index, row);
+    return S_OK;
 }
 
 void EmptyForDesigner(Grid& grid)
@@ -260,7 +278,7 @@ HRESULT ApplyFormatString(Grid& grid)
         return LORV_E_MEMORY;
     HRESULT result = S_OK;
     if (HasRecordHead(text))
-        ParseFormatRecords(grid, text);
+        result = ParseFormatRecords(grid, text);
     else if (*text == L'=')
         result = ParseEqualBar(grid, text + 1, measure);
     else
@@ -274,6 +292,8 @@ HRESULT SetFormatString(Grid& grid, const wchar_t* text)
     HRESULT result = ReplaceText(grid.FormatString, text);
     if (SUCCEEDED(result))
         result = ApplyFormatString(grid);
+    if (SpillsText(grid))
+        MarkMergeStale(grid); // widths decide how far a text spills
     if (FAILED(result))
         return result;
     RecalculateLayout(grid);

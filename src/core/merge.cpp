@@ -2,6 +2,7 @@
 
 #include "core/check_state.h"
 #include "core/cell_store.h"
+#include "core/events.h"
 #include "core/merge_links.h"
 #include "core/outline_level.h"
 #include "core/upcalls.h"
@@ -54,6 +55,7 @@ void RebuildMergeLinks(Grid& grid)
 {
     if (!MergesAtAll(grid) || grid.Redraw == lorvRDNone)
         return;
+    KeepAlive alive(grid); // a text source runs foreign code
     SetOption(grid, OptionMergeStale, false);
     ++mergeStatistics.Rebuilds;
     ClearLinks(grid, NeedsAllCells(grid));
@@ -101,17 +103,19 @@ bool MergedPaintRect(Grid& grid, int row, int col, RECT& rectangle, const RECT& 
         range.Row1 = grid.TopRow;
     if (range.Col1 < grid.LeftCol && range.Col2 >= grid.LeftCol)
         range.Col1 = grid.LeftCol;
+    int firstCol = std::min(range.Col1, col), lastCol = std::max(range.Col2, col);
+    bool mirrored = HasOption(grid, OptionRightToLeft);
+    int leftCol = mirrored ? lastCol : firstCol;
+    int rightCol = mirrored ? firstCol : lastCol;
+    int shift = rectangle.left - ColX(grid, col); // a mirrored picture is not as wide as the window
     if (range.Row1 < row)
         rectangle.top = RowY(grid, range.Row1);
     if (range.Row2 > row)
         rectangle.bottom = RowY(grid, range.Row2) + EffectiveRowHeight(grid, range.Row2);
-    bool mirrored = HasOption(grid, OptionRightToLeft);
-    int leftCol = mirrored ? range.Col2 : range.Col1;
-    int rightCol = mirrored ? range.Col1 : range.Col2;
     if (leftCol != col)
-        rectangle.left = ColX(grid, leftCol);
+        rectangle.left = ColX(grid, leftCol) + shift;
     if (rightCol != col)
-        rectangle.right = ColX(grid, rightCol) + EffectiveColWidth(grid, rightCol);
+        rectangle.right = ColX(grid, rightCol) + EffectiveColWidth(grid, rightCol) + shift;
     if (rectangle.right > client.right)
         rectangle.right = client.right + 1;
     if (rectangle.bottom > client.bottom)
@@ -140,7 +144,7 @@ size_t LengthWithoutTrailingBlanks(const wchar_t* text) noexcept
     return length;
 }
 
-bool TextsMerge(int compare, const wchar_t* x, const wchar_t* y) noexcept
+bool SameForMerging(int compare, const wchar_t* x, const wchar_t* y) noexcept
 {
     if (compare == lorvMCNoCase)
         return _wcsicmp(x, y) == 0;
@@ -157,19 +161,25 @@ const wchar_t* FirstText(Grid& grid, CellPos cell) noexcept
     const wchar_t* text = GetCellText(grid, cell.Row, cell.Col);
     return text == ScratchText() ? CopyToSecondScratch(text) : text;
 }
-} // namespace
 
-bool CanMerge(Grid& grid, CellPos first, CellPos second)
+bool AreCells(const Grid& grid, CellPos a, CellPos b) noexcept
 {
-    if (CrossesBoundary(grid, first, second))
-        return false;
-    int checked = CheckStateOf(grid, first.Row, first.Col);
-    if (checked != CheckStateOf(grid, second.Row, second.Col))
-        return false;
-    if (ShowsOutline(grid) && first.Col == grid.OutlineCol && second.Col == grid.OutlineCol &&
-        (IsSubtotalRow(grid, first.Row) || IsSubtotalRow(grid, second.Row)))
-        return false;
+    return IsCell(grid, a.Row, a.Col) && IsCell(grid, b.Row, b.Col);
+}
+
+// Reads both check states. False when they differ, or when a text source took one of the cells away.
+bool HaveSameCheckState(Grid& grid, CellPos first, CellPos second, int& state)
+{
+    state = CheckStateOf(grid, first.Row, first.Col);
+    return AreCells(grid, first, second) && state == CheckStateOf(grid, second.Row, second.Col) &&
+           AreCells(grid, first, second);
+}
+
+bool TextsMerge(Grid& grid, CellPos first, CellPos second, int checked)
+{
     const wchar_t* x = FirstText(grid, first);
+    if (!AreCells(grid, first, second))
+        return false;
     const wchar_t* y = GetCellText(grid, second.Row, second.Col);
     if (!x)
         x = L"";
@@ -177,5 +187,19 @@ bool CanMerge(Grid& grid, CellPos first, CellPos second)
         y = L"";
     if (grid.MergeCompare != lorvMCIncludeNulls && !*x && !*y)
         return checked != lorvNoCheckbox;
-    return TextsMerge(grid.MergeCompare, x, y);
+    return SameForMerging(grid.MergeCompare, x, y);
+}
+} // namespace
+
+bool CanMerge(Grid& grid, CellPos first, CellPos second)
+{
+    if (CrossesBoundary(grid, first, second))
+        return false;
+    int checked = lorvNoCheckbox;
+    if (!HaveSameCheckState(grid, first, second, checked))
+        return false;
+    if (ShowsOutline(grid) && first.Col == grid.OutlineCol && second.Col == grid.OutlineCol &&
+        (IsSubtotalRow(grid, first.Row) || IsSubtotalRow(grid, second.Row)))
+        return false;
+    return TextsMerge(grid, first, second, checked);
 }

@@ -166,7 +166,8 @@ void SpillText(Grid& grid, int row, int col, int needed)
     int width = EffectiveColWidth(grid, col);
     for (; width < needed && IsCell(grid, row, col + 1); ++col) {
         const wchar_t* next = GetDisplayText(grid, row, col + 1);
-        if ((next && *next) || HasPicture(grid, row, col + 1) || col == FrozenEndCol(grid) - 1)
+        if ((next && *next) || !IsCell(grid, row, col + 1) || HasPicture(grid, row, col + 1) ||
+            col == FrozenEndCol(grid) - 1)
             return;
         LinkAcross(grid, row, col);
         width += EffectiveColWidth(grid, col + 1);
@@ -180,10 +181,10 @@ void BuildSpillLinks(Grid& grid, MergePass pass)
     for (int row = 0; row < grid.Rows; ++row) {
         if (!grid.RowTable[row].Cells)
             continue;
-        for (int col = 0; IsCell(grid, row, col + 1); ++col) {
+        for (int col = 0; IsCell(grid, row, col + 1); ++col) { // a text source may take cells away
             if (!InPass(grid, pass, row, col) || IsHiddenCol(grid, col))
                 continue;
-            if (const wchar_t* text = GetDisplayText(grid, row, col))
+            if (const wchar_t* text = GetDisplayText(grid, row, col); text && IsCell(grid, row, col))
                 SpillText(grid, row, col, NeededWidth(grid, row, col, text, measure));
         }
     }
