@@ -1,5 +1,5 @@
 ' The gallery: a picture of every look that the grid has, with a page that shows them by family.
-' gridhost demos\gallery.vbs --out build\gallery -- build\gallery
+' gridhost demos\gallery.vbs --out build\gallery -- build\gallery [FAMILY]
 Option Explicit
 
 Dim page, family, shots, missing, stamp
@@ -256,6 +256,7 @@ End Sub
 
 Sub Shot(name)
     Dim file
+    If Host.Argument(1) <> "" And Host.Argument(1) <> family Then Exit Sub
     If Err.Number <> 0 Then
         missing = missing + 1
         Host.Echo family, name, Err.Description
