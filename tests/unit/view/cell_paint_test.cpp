@@ -18,7 +18,6 @@
 namespace
 {
 constexpr DISPID DrawCellId = 32, BeforeEditId = 21;
-constexpr int Lines = 1; // pixels that the lines of a cell take at the right and bottom
 
 class Cells : public PaintTest
 {
