@@ -70,15 +70,15 @@ Sub Dress
     For i = 0 To colCount - 1
         Grid.ColWidth(i) = widths(i) : Tally
     Next
-    Grid.BackColorFixed = RGB(52, 73, 102) : Tally
-    Grid.ForeColorFixed = RGB(255, 255, 255) : Tally
+    Grid.BackColorFixed = RGB(214, 223, 236) : Tally
+    Grid.ForeColorFixed = RGB(28, 45, 72) : Tally
     Grid.BackColorFrozen = RGB(232, 238, 247) : Tally
     Grid.BackColorAlternate = RGB(246, 248, 251) : Tally
     Grid.BackColorBkg = RGB(225, 229, 236) : Tally
     Grid.BackColorSel = RGB(64, 120, 192) : Tally
     Grid.ForeColorSel = RGB(255, 255, 255) : Tally
     Grid.GridColor = RGB(208, 214, 224) : Tally
-    Grid.GridColorFixed = RGB(90, 110, 140) : Tally
+    Grid.GridColorFixed = RGB(160, 175, 198) : Tally
     For Each i In Array(colQuantity, colPrice, colTotal)
         Grid.ColAlignment(i) = lorvAlignRightCenter : Tally
     Next
