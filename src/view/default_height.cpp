@@ -1,3 +1,4 @@
+#include "core/events.h"
 #include "core/property_frame.h"
 #include "core/upcalls.h"
 #include "platform/gdi.h"
@@ -9,6 +10,7 @@ constexpr int RowPadding = 4; // pixels between the text and the row's edges, to
 int MeasureTextHeight(Grid& grid) noexcept
 {
     ScreenDC screen;
+    grid.FontHandle = nullptr; // the font object may have been changed by others that share it
     HFONT font = GridFontHandle(grid);
     SelectedObject selected(screen.Get(), font ? static_cast<HGDIOBJ>(font) : GetStockObject(SYSTEM_FONT));
     SIZE size = {};
@@ -19,6 +21,7 @@ int MeasureTextHeight(Grid& grid) noexcept
 
 void RecalcDefaultRowHeight(Grid& grid)
 {
+    KeepAlive alive(grid);
     int before = grid.DefaultRowHeight;
     grid.DefaultRowHeight = MeasureTextHeight(grid) + RowPadding;
     if (SpillsText(grid) && grid.DefaultRowHeight != before)

@@ -6,6 +6,7 @@
 #include "view/focus.h"
 #include "view/paint.h"
 #include "view/running_object.h"
+#include "view/scroll.h"
 #include "view/theme.h"
 
 namespace
@@ -131,6 +132,34 @@ bool OnReserved(Grid&, WPARAM, LPARAM, LRESULT&)
     return true;
 }
 
+// A handler of the scroll events that runs a message loop must not scroll again from in there. As every
+// gesture, this is one for all grids of the process.
+struct ScrollGuards {
+    bool Vertical, Horizontal;
+};
+ScrollGuards scrollGuards;
+
+void ScrollByMessage(Grid& grid, bool& guard, void (*scroll)(Grid&, int, int, bool), WPARAM wParam)
+{
+    if (guard)
+        return;
+    guard = true;
+    scroll(grid, LOWORD(wParam), static_cast<short>(HIWORD(wParam)), false);
+    guard = false;
+}
+
+bool OnVScroll(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
+{
+    ScrollByMessage(grid, scrollGuards.Vertical, ScrollVertical, wParam);
+    return true;
+}
+
+bool OnHScroll(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
+{
+    ScrollByMessage(grid, scrollGuards.Horizontal, ScrollHorizontal, wParam);
+    return true;
+}
+
 bool OnReportSelection(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     FireSelectionEvents(grid);
@@ -154,6 +183,8 @@ constexpr struct {
     {WM_MBUTTONDOWN, OnButtonDown},
     {WM_RBUTTONDOWN, OnButtonDown},
     {WM_MOUSEACTIVATE, OnMouseActivate},
+    {WM_VSCROLL, OnVScroll},
+    {WM_HSCROLL, OnHScroll},
     {WM_SIZE, OnSize},
     {WM_CREATE, OnCreate},
     {WM_DESTROY, OnDestroy},

@@ -2,6 +2,7 @@
 
 #include "core/merge.h"
 #include "platform/dpi.h"
+#include "view/sheet_axis.h"
 
 #include <algorithm>
 
@@ -61,52 +62,23 @@ bool IsLastVisibleCol(const Grid& grid, int col) noexcept
     return true;
 }
 
-// A row that is scrolled away is counted back from TopRow without its own height. Both axes share this.
 int RowY(Grid& grid, int row)
 {
-    int frozenEnd = FrozenEndRow(grid);
-    int y = 0;
-    for (int r = 0; r < std::min(row, frozenEnd); ++r)
-        y += EffectiveRowHeight(grid, r);
-    if (row < frozenEnd)
-        return y;
-    for (int r = grid.TopRow; r < std::min(row, grid.Rows); ++r)
-        y += EffectiveRowHeight(grid, r);
-    for (int r = grid.TopRow; r > row; --r)
-        y -= EffectiveRowHeight(grid, r);
-    return y;
+    return StartOf(grid, RowAxis, row);
 }
 
 namespace
 {
-// Left of a column when nothing is mirrored.
-int PlainColX(const Grid& grid, int col)
-{
-    int frozenEnd = FrozenEndCol(grid);
-    int x = 0;
-    for (int c = 0; c < std::min(col, frozenEnd); ++c)
-        x += EffectiveColWidth(grid, c);
-    if (col >= frozenEnd) {
-        for (int c = grid.LeftCol; c < std::min(col, grid.Cols); ++c)
-            x += EffectiveColWidth(grid, c);
-        for (int c = grid.LeftCol; c > col; --c)
-            x -= EffectiveColWidth(grid, c);
-    }
-    return x;
-}
-
 int ColXIn(const Grid& grid, int col, const RECT& client)
 {
-    int x = PlainColX(grid, col);
+    int x = StartOf(grid, ColAxis, col);
     return HasOption(grid, OptionRightToLeft) ? client.right - x - EffectiveColWidth(grid, col) : x;
 }
 } // namespace
 
 int ColX(Grid& grid, int col)
 {
-    int x = PlainColX(grid, col);
-    return HasOption(grid, OptionRightToLeft) ? ClientRectOf(grid).right - x - EffectiveColWidth(grid, col)
-                                              : x;
+    return ColXIn(grid, col, HasOption(grid, OptionRightToLeft) ? ClientRectOf(grid) : RECT{});
 }
 
 RECT CellRectIn(Grid& grid, int row, int col, const RECT& client)

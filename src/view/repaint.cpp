@@ -37,8 +37,3 @@ void RepaintCell(Grid& grid, int row, int col)
     }
     RepaintOpenEditor(grid, row, col);
 }
-
-void RepaintSelection(Grid& grid)
-{
-    RepaintGrid(grid);
-}
