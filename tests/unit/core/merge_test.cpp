@@ -432,12 +432,12 @@ TEST_F(Merging, WithRedrawOffTheOldLinksStayAndRemainStale)
 TEST_F(Merging, ARebuildStartsFromNoLinksAndKeepsBoxes)
 {
     Fill({"ab", "cd"});
-    Check(0, 0, lorvDisabledChecked);
+    Check(0, 0, lorvDisabled);
     Link(0, 0, MergeLinkMask);
     Link(1, 1, MergeLinkMask);
     SetMode(lorvMergeFree);
     EXPECT_EQ(Rebuilt(), "00/00");
-    EXPECT_EQ(grid.RowTable[0].Cells[0].State, lorvDisabledChecked << CheckStateShift);
+    EXPECT_EQ(grid.RowTable[0].Cells[0].State, lorvDisabled << CheckStateShift);
 }
 
 TEST_F(Merging, RowsWithoutCellsStayWithoutThem)
