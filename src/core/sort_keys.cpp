@@ -57,23 +57,22 @@ uint64_t BigEndianPrefix(const uint8_t* bytes, size_t length) noexcept
     return prefix;
 }
 
+// The terminator goes into the key: an empty text without it has none, though it equals every text of
+// characters that do not count.
 bool AppendKey(Arena& arena, const wchar_t* text, DWORD flags, CollationKey& key) noexcept
 {
     key = {};
-    int length = static_cast<int>(std::wcslen(text));
-    if (length == 0)
-        return true;
     // A guess that holds for most texts spares asking for the size first.
-    int room = length * 8 + 32;
+    int room = static_cast<int>(std::wcslen(text)) * 8 + 32;
     if (!arena.Reserve(room))
         return false;
-    int made = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, length,
+    int made = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, -1,
                             reinterpret_cast<wchar_t*>(arena.End()), room);
     if (made == 0) {
-        room = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, length, nullptr, 0);
+        room = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, -1, nullptr, 0);
         if (room <= 0 || !arena.Reserve(room))
             return false;
-        made = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, length,
+        made = LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_SORTKEY | flags, text, -1,
                             reinterpret_cast<wchar_t*>(arena.End()), room);
         if (made == 0)
             return false;
