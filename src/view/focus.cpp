@@ -4,6 +4,7 @@
 #include "core/upcalls.h"
 #include "platform/com_ptr.h"
 #include "view/messages.h"
+#include "view/selection.h"
 
 #include <utility>
 
@@ -61,6 +62,16 @@ bool IsInside(HWND window, HWND other) noexcept
     return other && (other == window || IsChild(window, other));
 }
 
+// A drag over the rows of a list box that loses the focus takes effect.
+void FinishListDrag(Grid& grid)
+{
+    if (!(grid.PaintMode & PaintListDragAdds))
+        return;
+    grid.PaintMode &= ~static_cast<uint32_t>(PaintListDragAdds);
+    SetRowsSelected(grid, grid.Row, grid.RowSel, true, false);
+    InvalidateRect(grid.Window, nullptr, FALSE);
+}
+
 void ForgetSearchText(Grid& grid) noexcept
 {
     if (grid.IsSearching)
@@ -94,6 +105,7 @@ bool OnKillFocus(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
     KillTimer(grid.Window, DragTimer);
     if (DropCapture(grid))
         InvalidateRect(grid.Window, nullptr, TRUE);
+    FinishListDrag(grid);
     ForgetSearchText(grid);
     RepaintFocusChange(grid);
     LeaveHost(grid);

@@ -334,6 +334,17 @@ TEST_F(ListBox, RunningDragAnswersForItsRows)
     EXPECT_TRUE(IsRowSelected(grid, 4));
 }
 
+TEST_F(ListBox, DragThatLosesTheFocusTakesEffect)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    grid.RowSel = 5;
+    grid.PaintMode |= PaintListDragAdds;
+    LRESULT result = 0;
+    ProcessWindowMessage(grid, WM_KILLFOCUS, 0, 0, result);
+    EXPECT_TRUE(IsFlagged(3) && IsFlagged(4) && IsFlagged(5));
+    EXPECT_EQ(grid.PaintMode & PaintListDragAdds, 0u);
+}
+
 TEST_F(ListBox, ChangedRowsAreReportedWithoutAMove)
 {
     grid.SelectionMode = lorvSelectionListBox;
