@@ -1,7 +1,7 @@
 #include "core/merge.h"
 
-#include "core/check_state.h"
 #include "core/cell_store.h"
+#include "core/check_state.h"
 #include "core/events.h"
 #include "core/merge_links.h"
 #include "core/outline_level.h"

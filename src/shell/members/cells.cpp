@@ -376,7 +376,7 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_Cell(CellPropertySettings setting, VA
         return E_POINTER;
     VariantInit(result);
     if (static_cast<unsigned>(setting) >= CellSettingCount)
-        return LORV_E_INDEX;
+        return LORV_E_VALUE;
     KeepAlive alive(*this);
     CellArguments cells = ReadCellArguments({Row, Col}, row1, col1, row2, col2);
     if (!cells.Within(*this))
@@ -392,7 +392,7 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_Cell(CellPropertySettings setting, VA
                                                 VARIANT row2, VARIANT col2, VARIANT value)
 {
     if (static_cast<unsigned>(setting) >= CellSettingCount)
-        return LORV_E_INDEX;
+        return LORV_E_VALUE;
     KeepAlive alive(*this);
     CellArguments cells = ReadCellArguments({std::max(Row, 0), std::max(Col, 0)}, row1, col1, row2, col2);
     if (!cells.Within(*this))

@@ -115,7 +115,8 @@ protected:
     void SetUp() override
     {
         ResizeRows(grid, 8);
-        const wchar_t* texts[] = {L"Name", L"Apple", L"apple pie", nullptr, L"APPLE", L"app", L"10", L"\x00E9t\x00E9"};
+        const wchar_t* texts[] = {L"Name",  L"Apple", L"apple pie", nullptr,
+                                  L"APPLE", L"app",   L"10",        L"\x00E9t\x00E9"};
         for (int row = 0; row < 8; ++row)
             SetCellText(grid, row, 1, texts[row]);
         SetCellText(grid, 5, 2, L"Apple");
@@ -139,7 +140,8 @@ TEST_F(Search, OfATextIsByDefaultForTheWholeCellInItsCaseFromTheFirstRow)
     EXPECT_EQ(Find(grid, Item(L"Apple").Get(), In(2)), 5);
     EXPECT_EQ(Find(grid, Item(L"Apple").Get(), In(3)), -1);
     FindOptions defaults;
-    EXPECT_EQ(Find(grid, Item(L"Apple").Get(), defaults), -1) << "without a column the rows' data is searched";
+    EXPECT_EQ(Find(grid, Item(L"Apple").Get(), defaults), -1)
+        << "without a column the rows' data is searched";
 }
 
 TEST_F(Search, OfATextTakesStartingRowCaseAndLength)
@@ -150,19 +152,36 @@ TEST_F(Search, OfATextTakesStartingRowCaseAndLength)
         bool CaseSensitive, FullMatch;
         int Found;
     } rows[] = {
-        {L"apple", 0, NoCase, Full, 1},  {L"apple", 1, NoCase, Full, 1},    {L"apple", 2, NoCase, Full, 4},
-        {L"apple", 4, NoCase, Full, 4},  {L"apple", 5, NoCase, Full, -1},   {L"apple", 0, Case, Start, 2},
-        {L"app", 0, Case, Start, 2},     {L"app", 3, Case, Start, 5},       {L"APP", 0, Case, Start, 4},
-        {L"APP", 0, NoCase, Start, 1},   {L"APP", 2, NoCase, Start, 2},     {L"APP", 5, NoCase, Start, 5},
+        {L"apple", 0, NoCase, Full, 1},
+        {L"apple", 1, NoCase, Full, 1},
+        {L"apple", 2, NoCase, Full, 4},
+        {L"apple", 4, NoCase, Full, 4},
+        {L"apple", 5, NoCase, Full, -1},
+        {L"apple", 0, Case, Start, 2},
+        {L"app", 0, Case, Start, 2},
+        {L"app", 3, Case, Start, 5},
+        {L"APP", 0, Case, Start, 4},
+        {L"APP", 0, NoCase, Start, 1},
+        {L"APP", 2, NoCase, Start, 2},
+        {L"APP", 5, NoCase, Start, 5},
         {L"apple pie and", 0, NoCase, Start, -1}, // no cell is that long
-        {L"apples", 0, NoCase, Start, -1},        {L"ple", 0, NoCase, Start, -1},
-        {L"\x00C9T\x00C9", 0, NoCase, Full, 7},   {L"\x00C9T\x00C9", 0, Case, Full, -1},
-        {L"Name", 1, Case, Full, -1},    {L"Apple", -1, Case, Full, 1},     {L"Apple", INT_MIN, Case, Full, 1},
-        {L"Name", -5, Case, Full, 0},    {L"Apple", 8, Case, Full, -1},     {L"Apple", INT_MAX, Case, Full, -1},
-        {L"", 0, Case, Full, -1},        {L"", 0, NoCase, Start, -1},       {L"10", 0, Case, Full, 6},
+        {L"apples", 0, NoCase, Start, -1},
+        {L"ple", 0, NoCase, Start, -1},
+        {L"\x00C9T\x00C9", 0, NoCase, Full, 7},
+        {L"\x00C9T\x00C9", 0, Case, Full, -1},
+        {L"Name", 1, Case, Full, -1},
+        {L"Apple", -1, Case, Full, 1},
+        {L"Apple", INT_MIN, Case, Full, 1},
+        {L"Name", -5, Case, Full, 0},
+        {L"Apple", 8, Case, Full, -1},
+        {L"Apple", INT_MAX, Case, Full, -1},
+        {L"", 0, Case, Full, -1},
+        {L"", 0, NoCase, Start, -1},
+        {L"10", 0, Case, Full, 6},
     };
     for (auto& row : rows)
-        EXPECT_EQ(Find(grid, Item(row.Text).Get(), In(1, row.Row, row.CaseSensitive, row.FullMatch)), row.Found)
+        EXPECT_EQ(Find(grid, Item(row.Text).Get(), In(1, row.Row, row.CaseSensitive, row.FullMatch)),
+                  row.Found)
             << row.Text << " from " << row.Row << (row.CaseSensitive ? " case" : "")
             << (row.FullMatch ? " full" : "");
 }
@@ -328,17 +347,28 @@ TEST(CompareVariants, TextsByCaseAndLength)
         const wchar_t *First, *Second;
         bool CaseSensitive, FullMatch, Same;
     } rows[] = {
-        {L"abc", L"abc", Case, Full, true},    {L"abc", L"ABC", Case, Full, false},
-        {L"abc", L"abcd", Case, Full, false},  {L"abcd", L"abc", Case, Full, false},
-        {L"", L"", Case, Full, true},          {nullptr, L"", Case, Full, true},
-        {L"", L"a", Case, Full, false},        {L"a", nullptr, Case, Full, false},
-        {L"abc", L"ABC", NoCase, Full, true},  {L"abc", L"ABCD", NoCase, Full, false},
-        {L"ABCD", L"abc", NoCase, Full, false}, {nullptr, nullptr, NoCase, Full, true},
-        {L"", L"a", NoCase, Full, false},      {L"a", nullptr, NoCase, Full, false},
-        {L"abc", L"abcd", Case, Start, true},  {L"abc", L"ABCD", Case, Start, false},
-        {L"abcd", L"abc", Case, Start, false}, {L"abc", L"abc", Case, Start, true},
-        {L"", L"", Case, Start, true},         {L"a", L"", Case, Start, false},
-        {L"abc", L"ABCD", NoCase, Start, true}, {L"ABCD", L"abc", NoCase, Start, false},
+        {L"abc", L"abc", Case, Full, true},
+        {L"abc", L"ABC", Case, Full, false},
+        {L"abc", L"abcd", Case, Full, false},
+        {L"abcd", L"abc", Case, Full, false},
+        {L"", L"", Case, Full, true},
+        {nullptr, L"", Case, Full, true},
+        {L"", L"a", Case, Full, false},
+        {L"a", nullptr, Case, Full, false},
+        {L"abc", L"ABC", NoCase, Full, true},
+        {L"abc", L"ABCD", NoCase, Full, false},
+        {L"ABCD", L"abc", NoCase, Full, false},
+        {nullptr, nullptr, NoCase, Full, true},
+        {L"", L"a", NoCase, Full, false},
+        {L"a", nullptr, NoCase, Full, false},
+        {L"abc", L"abcd", Case, Start, true},
+        {L"abc", L"ABCD", Case, Start, false},
+        {L"abcd", L"abc", Case, Start, false},
+        {L"abc", L"abc", Case, Start, true},
+        {L"", L"", Case, Start, true},
+        {L"a", L"", Case, Start, false},
+        {L"abc", L"ABCD", NoCase, Start, true},
+        {L"ABCD", L"abc", NoCase, Start, false},
         {nullptr, nullptr, NoCase, Start, true},
     };
     for (auto& row : rows) {
@@ -399,9 +429,10 @@ TEST_F(RegexSearch, FindsTheFirstRowThatMatches)
         const wchar_t* Pattern;
         int Row, Found;
     } rows[] = {
-        {L"^app", 0, 2},  {L"^app", 3, 5},  {L"PL", 0, 4},     {L"[A-Z]ame", 0, 0}, {L"[A-Z]ame", 1, -1},
-        {L"^\\d+$", 0, 6}, {L"p{2}l", 1, 1}, {L"nothing", 0, -1}, {L"e$", 1, 1},     {L"e$", 2, 2},
-        {L"", 3, 4}, // matches every text, but a cell without one is passed over
+        {L"^app", 0, 2},      {L"^app", 3, 5},   {L"PL", 0, 4},    {L"[A-Z]ame", 0, 0},
+        {L"[A-Z]ame", 1, -1}, {L"^\\d+$", 0, 6}, {L"p{2}l", 1, 1}, {L"nothing", 0, -1},
+        {L"e$", 1, 1},        {L"e$", 2, 2},     {L"", 3, 4}, // matches every text, but a cell without one is
+                                                              // passed over
     };
     for (auto& row : rows)
         EXPECT_EQ(FindRegex(row.Pattern, row.Row, 1), row.Found) << row.Pattern << " from " << row.Row;

@@ -25,12 +25,18 @@ TEST(SortKeys, AreMadeOncePerRow)
         int Order, DataType, LastCol;
         long Keys;
     } rows[] = {
-        {lorvSortNumericAscending, lorvDTEmpty, 1, 5},  {lorvSortNumericDescending, lorvDTString, 1, 5},
-        {lorvSortGenericAscending, lorvDTLong, 1, 5},   {lorvSortGenericAscending, lorvDTDate, 1, 5},
-        {lorvSortGenericAscending, lorvDTBoolean, 1, 5}, {lorvSortGenericAscending, lorvDTEmpty, 1, 0},
-        {lorvSortGenericAscending, lorvDTDecimal, 1, 0}, {lorvSortGenericAscending, lorvDTLong8, 1, 0},
-        {lorvSortNumericAscending, lorvDTEmpty, 2, 0},  {lorvSortStringAscending, lorvDTEmpty, 2, 0},
-        {lorvSortUseColSort, lorvDTLong, 1, 0},         {lorvSortCustom, lorvDTLong, 1, 0},
+        {lorvSortNumericAscending, lorvDTEmpty, 1, 5},
+        {lorvSortNumericDescending, lorvDTString, 1, 5},
+        {lorvSortGenericAscending, lorvDTLong, 1, 5},
+        {lorvSortGenericAscending, lorvDTDate, 1, 5},
+        {lorvSortGenericAscending, lorvDTBoolean, 1, 5},
+        {lorvSortGenericAscending, lorvDTEmpty, 1, 0},
+        {lorvSortGenericAscending, lorvDTDecimal, 1, 0},
+        {lorvSortGenericAscending, lorvDTLong8, 1, 0},
+        {lorvSortNumericAscending, lorvDTEmpty, 2, 0},
+        {lorvSortStringAscending, lorvDTEmpty, 2, 0},
+        {lorvSortUseColSort, lorvDTLong, 1, 0},
+        {lorvSortCustom, lorvDTLong, 1, 0},
         {lorvSortNone, lorvDTLong, 1, 0},
     };
     for (auto& row : rows) {
@@ -102,12 +108,17 @@ TEST(OriginalOrder, IsNotAskedForByASortedRange)
 std::wstring HardText(std::mt19937& random)
 {
     static const wchar_t* const pieces[] = {
-        L"a",      L"A",      L"b",      L"B",      L"z",      L"Z",      L"co",     L"coop",   L"-",
-        L"'",      L"--",     L"_",      L".",      L",",      L" ",      L"  ",     L"\t",     L"1",
-        L"2",      L"10",     L"09",     L"\x00E9", L"e\x0301", L"\x00C9", L"\x00E4", L"a\x0308", L"\x00DF",
-        L"ss",     L"\x00E6", L"ae",     L"\x0153", L"\x0142", L"\x0131", L"I",      L"i",      L"\x03B1",
-        L"\x0391", L"\x0436", L"\x4E00", L"\x3042", L"\x30A2", L"\xAC00", L"\x0E01", L"\x0628", L"\xD83D\xDE00",
-        L"\xD83D", L"\xDE00", L"\x00AD", L"\x200B", L"\x2019", L"\x2010", L"\xFF21", L"\x00B2", L"\xFFFD",
+        L"a",       L"A",      L"b",       L"B",      L"z",
+        L"Z",       L"co",     L"coop",    L"-",      L"'",
+        L"--",      L"_",      L".",       L",",      L" ",
+        L"  ",      L"\t",     L"1",       L"2",      L"10",
+        L"09",      L"\x00E9", L"e\x0301", L"\x00C9", L"\x00E4",
+        L"a\x0308", L"\x00DF", L"ss",      L"\x00E6", L"ae",
+        L"\x0153",  L"\x0142", L"\x0131",  L"I",      L"i",
+        L"\x03B1",  L"\x0391", L"\x0436",  L"\x4E00", L"\x3042",
+        L"\x30A2",  L"\xAC00", L"\x0E01",  L"\x0628", L"\xD83D\xDE00",
+        L"\xD83D",  L"\xDE00", L"\x00AD",  L"\x200B", L"\x2019",
+        L"\x2010",  L"\xFF21", L"\x00B2",  L"\xFFFD",
     };
     std::wstring text;
     for (size_t count = random() % 7; count > 0; --count)
@@ -188,9 +199,9 @@ TEST(SortAgainstAReference, NumbersOfAnyKind)
         });
         Grid grid;
         Fill(grid, texts);
-        ASSERT_EQ(SortAll(grid, descends ? lorvSortNumericDescending : lorvSortNumericAscending, 1,
-                          byKeys ? 1 : 2),
-                  S_OK);
+        ASSERT_EQ(
+            SortAll(grid, descends ? lorvSortNumericDescending : lorvSortNumericAscending, 1, byKeys ? 1 : 2),
+            S_OK);
         EXPECT_EQ(Origins(grid), expected);
     }
 }
@@ -200,9 +211,12 @@ TEST(SortAgainstAReference, PatternsOfManyRows)
 {
     constexpr int Count = 4000;
     const std::function<int(int)> patterns[] = {
-        [](int i) { return i; },          [](int i) { return Count - i; },
-        [](int) { return 1; },            [](int i) { return i == Count / 2 ? -1 : i; },
-        [](int i) { return i % 2; },      [](int i) { return i < Count / 2 ? i : Count - i; },
+        [](int i) { return i; },
+        [](int i) { return Count - i; },
+        [](int) { return 1; },
+        [](int i) { return i == Count / 2 ? -1 : i; },
+        [](int i) { return i % 2; },
+        [](int i) { return i < Count / 2 ? i : Count - i; },
         [](int i) { return i * 7919 % Count; },
     };
     for (auto& pattern : patterns) {

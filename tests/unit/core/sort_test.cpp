@@ -98,10 +98,20 @@ TEST(SortRange, RefusesOrdersThatAreNone)
 
 TEST(SortRange, RefusesCornersOutsideTheGrid)
 {
-    const int ranges[][4] = {{-1, 2, 1, 1},  {1, 3, 1, 1},      {1, 2, -1, 1},           {1, 2, 1, 10},
-                             {3, 1, 1, 1},   {2, -1, 1, 1},     {1, 2, 10, 1},           {1, 2, 1, -1},
-                             {5, 5, 1, 1},   {-1, -1, 1, 1},    {1, 1, 10, 10},          {1, 1, -5, -5},
-                             {INT_MIN, INT_MAX, 1, 1}, {1, 2, INT_MIN, INT_MAX}};
+    const int ranges[][4] = {{-1, 2, 1, 1},
+                             {1, 3, 1, 1},
+                             {1, 2, -1, 1},
+                             {1, 2, 1, 10},
+                             {3, 1, 1, 1},
+                             {2, -1, 1, 1},
+                             {1, 2, 10, 1},
+                             {1, 2, 1, -1},
+                             {5, 5, 1, 1},
+                             {-1, -1, 1, 1},
+                             {1, 1, 10, 10},
+                             {1, 1, -5, -5},
+                             {INT_MIN, INT_MAX, 1, 1},
+                             {1, 2, INT_MIN, INT_MAX}};
     for (auto& range : ranges) {
         Grid grid;
         Fill(grid, {L"2", L"1"});
@@ -240,7 +250,10 @@ const OrderRow OrderRows[] = {
     {lorvSortGenericDescending, lorvDTDouble, Numbers, {L"1e2", L"10", L"9", L"x", L"-1", L""}},
     {lorvSortGenericAscending, lorvDTCurrency, {L"$5", L"b", L"($3)"}, {L"($3)", L"b", L"$5"}},
     // True is -1
-    {lorvSortGenericAscending, lorvDTBoolean, {L"0", L"True", L"", L"-1", L"x"}, {L"", L"True", L"-1", L"0", L"x"}},
+    {lorvSortGenericAscending,
+     lorvDTBoolean,
+     {L"0", L"True", L"", L"-1", L"x"},
+     {L"", L"True", L"-1", L"0", L"x"}},
     {lorvSortGenericDescending, lorvDTBoolean, {L"0", L"True", L"", L"-1"}, {L"0", L"True", L"-1", L""}},
     {lorvSortNumericAscending, lorvDTBoolean, {L"0", L"5", L"-1"}, {L"5", L"-1", L"0"}},
     // what is neither a date nor a number counts as date 0
@@ -280,8 +293,14 @@ TEST(SortOrders, OfSeveralColumns)
         // here a word among numbers is a text, and a boolean is what its text says
         {lorvSortGenericAscending, lorvDTLong, {L"5", L"b", L"3"}, {L"3", L"5", L"b"}},
         {lorvSortGenericAscending, lorvDTBoolean, {L"True", L"False"}, {L"False", L"True"}},
-        {lorvSortGenericAscending, lorvDTDate, Dates, {L"", L"x", L"36000", L"2/2/1999", L"1/1/2000", L"36600"}},
-        {lorvSortGenericDescending, lorvDTDate, Dates, {L"36600", L"1/1/2000", L"2/2/1999", L"36000", L"x", L""}},
+        {lorvSortGenericAscending,
+         lorvDTDate,
+         Dates,
+         {L"", L"x", L"36000", L"2/2/1999", L"1/1/2000", L"36600"}},
+        {lorvSortGenericDescending,
+         lorvDTDate,
+         Dates,
+         {L"36600", L"1/1/2000", L"2/2/1999", L"36000", L"x", L""}},
     };
     for (const OrderRow& row : rows)
         ExpectOrder(row, 2);
@@ -480,8 +499,9 @@ TEST(SubtotalRows, MayStandAnywhere)
         std::vector<int> Subtotals;
         std::vector<int> Expected;
     } rows[] = {
-        {{1, 6}, {1, 5, 4, 3, 2, 6}}, {{1, 2, 3}, {1, 2, 3, 6, 5, 4}}, {{4, 5, 6}, {3, 2, 1, 4, 5, 6}},
-        {{2, 4}, {1, 2, 3, 4, 6, 5}}, {{2, 3, 5}, {1, 2, 3, 4, 5, 6}}, {{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}},
+        {{1, 6}, {1, 5, 4, 3, 2, 6}},    {{1, 2, 3}, {1, 2, 3, 6, 5, 4}},
+        {{4, 5, 6}, {3, 2, 1, 4, 5, 6}}, {{2, 4}, {1, 2, 3, 4, 6, 5}},
+        {{2, 3, 5}, {1, 2, 3, 4, 5, 6}}, {{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}},
         {{}, {6, 5, 4, 3, 2, 1}},
     };
     for (auto& row : rows) {
@@ -528,11 +548,26 @@ TEST(CustomSort, AsksInThisOrder)
         {{L"1", L"2", L"3"}, {{1, 2}, {2, 3}}},
         {{L"2", L"1"}, {{1, 2}, {1, 2}, {1, 2}}},
         {{L"2", L"2", L"1"}, {{1, 2}, {2, 3}, {1, 2}, {1, 3}, {2, 3}, {1, 2}}},
-        {{L"3", L"1", L"4", L"2"},
-         {{1, 2}, {1, 2}, {1, 4}, {2, 4}, {2, 3}, {2, 3}, {1, 3}, {3, 4}, {3, 4}}},
+        {{L"3", L"1", L"4", L"2"}, {{1, 2}, {1, 2}, {1, 4}, {2, 4}, {2, 3}, {2, 3}, {1, 3}, {3, 4}, {3, 4}}},
         {{L"5", L"2", L"7", L"1", L"6", L"3", L"4"},
-         {{1, 2}, {1, 4}, {1, 7}, {4, 7}, {2, 6}, {3, 6}, {5, 6}, {4, 6}, {4, 6},
-          {3, 6}, {1, 2}, {1, 3}, {2, 3}, {1, 2}, {5, 6}, {5, 7}, {6, 7}, {5, 6}}},
+         {{1, 2},
+          {1, 4},
+          {1, 7},
+          {4, 7},
+          {2, 6},
+          {3, 6},
+          {5, 6},
+          {4, 6},
+          {4, 6},
+          {3, 6},
+          {1, 2},
+          {1, 3},
+          {2, 3},
+          {1, 2},
+          {5, 6},
+          {5, 7},
+          {6, 7},
+          {5, 6}}},
     };
     for (auto& row : rows) {
         Grid grid;

@@ -51,8 +51,8 @@ TEST(CellMember, RefusesASettingPastTheLastBeforeAnythingElse)
     OwnedVariant result;
     for (int setting : {29, 1000, INT_MAX, -1}) {
         auto unknown = static_cast<CellPropertySettings>(setting);
-        EXPECT_EQ(Read(grid, unknown, 1, 1, result), LORV_E_INDEX);
-        EXPECT_EQ(Write(grid, unknown, 1, 1, 1), LORV_E_INDEX);
+        EXPECT_EQ(Read(grid, unknown, 1, 1, result), LORV_E_VALUE);
+        EXPECT_EQ(Write(grid, unknown, 1, 1, 1), LORV_E_VALUE);
     }
     EXPECT_EQ(grid.get_Cell(lorvcpText, missing, missing, missing, missing, nullptr), E_POINTER);
 }
