@@ -388,8 +388,9 @@ TEST_F(ControlSafety, ALockedControlKeepsItsHandsOffFiles)
     none.Get().vt = VT_ERROR;
     none.Get().scode = DISP_E_PARAMNOTFOUND;
     HRESULT saved = grid_->SaveGrid(name.Get(), static_cast<SaveLoadSettings>(0), none.Get());
-    if (saved == E_NOTIMPL)
+    if (saved == E_NOTIMPL) {
         GTEST_SKIP();
+    }
     EXPECT_EQ(locked, saved);
     EXPECT_EQ(locked, grid_->LoadGrid(name.Get(), static_cast<SaveLoadSettings>(0), none.Get()));
     EXPECT_EQ(locked, grid_->Archive(name.Get(), name.Get(), static_cast<ArchiveSettings>(0)));
@@ -436,8 +437,9 @@ TEST_F(ControlBrowsing, OnlyAMarkedFormatHasADisplayString)
     EXPECT_EQ(E_NOTIMPL, browsing->GetDisplayString(10, text.Put()));
     EXPECT_EQ(E_NOTIMPL, browsing->GetDisplayString(7, text.Put()));
     Bstr marked(L"(fORMAT)|Name|Price");
-    if (grid_->put_FormatString(marked.Get()) == E_NOTIMPL)
+    if (grid_->put_FormatString(marked.Get()) == E_NOTIMPL) {
         GTEST_SKIP();
+    }
     EXPECT_EQ(S_OK, browsing->GetDisplayString(10, text.Put()));
     EXPECT_STREQ(L"(Format)", text.Text());
     EXPECT_EQ(E_NOTIMPL, browsing->GetDisplayString(11, text.Put()));

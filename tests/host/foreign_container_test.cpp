@@ -27,8 +27,9 @@ protected:
     {
         HMODULE atl = LoadLibraryW(L"atl100.dll");
         CLSID classId;
-        if (!atl || FAILED(CLSIDFromProgID(progId, &classId)))
+        if (!atl || FAILED(CLSIDFromProgID(progId, &classId))) {
             GTEST_SKIP() << "no ATL module, or the control is not registered";
+        }
         create_ = Load<CreateFunction>(atl, "AtlAxCreateControl");
         get_ = Load<GetFunction>(atl, "AtlAxGetControl");
         const auto init = Load<InitFunction>(atl, "AtlAxWinInit");

@@ -112,8 +112,9 @@ protected:
     void SetUp() override
     {
         CLSID classId;
-        if (FAILED(CLSIDFromProgID(L"LorvGrid8.LorvGridL", &classId)))
+        if (FAILED(CLSIDFromProgID(L"LorvGrid8.LorvGridL", &classId))) {
             GTEST_SKIP() << "the control is not registered";
+        }
     }
 };
 

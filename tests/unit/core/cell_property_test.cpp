@@ -432,9 +432,10 @@ TEST(MergedCheckBox, IsWrittenToTheWholeRangeWhereTheCurrentCellMayMerge)
         EXPECT_EQ(BoxAt(grid, 3, 3), lorvChecked);
         for (int row = 2; row <= 4; ++row)
             for (int col = 2; col <= 4; ++col)
-                if (row != 3 || col != 3)
+                if (row != 3 || col != 3) {
                     EXPECT_EQ(BoxAt(grid, row, col), each.Merges ? lorvChecked : lorvNoCheckbox)
                         << each.Name << " " << row << "," << col;
+                }
     }
 }
 

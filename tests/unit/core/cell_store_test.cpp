@@ -557,8 +557,9 @@ TEST(OutOfMemory, AtAnyAllocationLeavesAWorkingGridAndNoLeak)
             EXPECT_TRUE(fine(ResizeRows(grid, grid.Rows + 1)));
         EXPECT_TRUE(fine(ResizeCols(grid, 4)));
         EXPECT_TRUE(fine(ResizeRows(grid, 90)));
-        if (IsCell(grid, 3, 3) && GetCellText(grid, 3, 3))
+        if (IsCell(grid, 3, 3) && GetCellText(grid, 3, 3)) {
             EXPECT_EQ(TextOf(grid, 3, 3), L"text");
+        }
         EXPECT_LE(grid.FixedRows + grid.FrozenRows, grid.Rows);
         EXPECT_LE(grid.FixedCols + grid.FrozenCols, grid.Cols);
     });

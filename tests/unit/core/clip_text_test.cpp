@@ -391,8 +391,9 @@ TEST_F(Clips, WantOfMemoryLeavesWhatWasWritten)
         HRESULT put = PutClip(grid, L"a\tb\rc\td", 0, 0, 1, 1, true);
         EXPECT_TRUE(put == S_OK || put == LORV_E_MEMORY) << put;
         std::wstring text = Taken(ClipOfRange(grid, 0, 0, 1, 1, true));
-        if (put == S_OK)
+        if (put == S_OK) {
             EXPECT_TRUE(text == L"a\tb\r\nc\td" || text == L"(none)");
+        }
     });
     EXPECT_GT(steps, 8);
 }
@@ -418,8 +419,9 @@ TEST_F(Clips, WhatWasReadIsWrittenBack)
                 Put(row, col, L"stale");
         EXPECT_EQ(PutClip(grid, clip, 0, 0, grid.Rows - 1, grid.Cols - 1, false), S_OK);
         FreeBlock(clip);
-        if (round % 2 || !startsWithBreak)
+        if (round % 2 || !startsWithBreak) {
             EXPECT_EQ(All(), before) << round;
+        }
     }
 }
 

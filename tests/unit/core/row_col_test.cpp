@@ -524,8 +524,9 @@ TEST(SetFixedCounts, OfRows)
         grid.TopRow = row.Before.First, grid.Row = row.Before.Current, grid.RowSel = 13;
         SetFixedCounts(grid, row.Fixed, -1, row.Frozen, -1);
         EXPECT_EQ((AxisState{grid.FixedRows, grid.FrozenRows, grid.TopRow, grid.Row}), row.After) << row.Why;
-        if (grid.Row != row.Before.Current)
+        if (grid.Row != row.Before.Current) {
             EXPECT_EQ(grid.RowSel, grid.Row) << row.Why;
+        }
         EXPECT_EQ((AxisState{grid.FixedCols, grid.FrozenCols, grid.LeftCol, grid.Col}), Usual);
     }
 }
@@ -539,8 +540,9 @@ TEST(SetFixedCounts, OfColumns)
         grid.LeftCol = row.Before.First, grid.Col = row.Before.Current, grid.ColSel = 13;
         SetFixedCounts(grid, -1, row.Fixed, -1, row.Frozen);
         EXPECT_EQ((AxisState{grid.FixedCols, grid.FrozenCols, grid.LeftCol, grid.Col}), row.After) << row.Why;
-        if (grid.Col != row.Before.Current)
+        if (grid.Col != row.Before.Current) {
             EXPECT_EQ(grid.ColSel, grid.Col) << row.Why;
+        }
         EXPECT_EQ((AxisState{grid.FixedRows, grid.FrozenRows, grid.TopRow, grid.Row}), Usual);
     }
 }

@@ -155,8 +155,9 @@ TEST(Colours, RebuildTheirOwnDrawingObjectAlone)
         TestControl grid;
         (static_cast<ILorvGrid&>(grid).*row.Put)(0x123456);
         for (const ColourRow& other : Colours)
-            if (other.Drawing)
+            if (other.Drawing) {
                 EXPECT_EQ(other.Drawing(grid.Drawing) != nullptr, &other == &row) << other.Name;
+            }
     }
 }
 
@@ -534,10 +535,11 @@ TEST_F(Members, FlagsAndDataModeAskTheHostWhetherItIsADesigner)
     for (bool flags : {true, false}) {
         TestControl other;
         ambient.Attach(other);
-        if (flags)
+        if (flags) {
             EXPECT_EQ(other.put_Flags(lorvCFAutoClipboard), S_OK);
-        else
+        } else {
             EXPECT_EQ(other.put_DataMode(static_cast<DataModeSettings>(1)), S_OK);
+        }
         EXPECT_EQ(other.DesignModeCache, 1);
     }
     EXPECT_EQ(ambient.Asked, 2);
@@ -912,8 +914,9 @@ TEST_F(Members, FreezingScrollsBackToTheFirstRowsAndColumns)
 {
     grid.TopRow = 20, grid.LeftCol = 8;
     sink.On = [&](DISPID id) {
-        if (id == 188)
+        if (id == 188) {
             EXPECT_EQ(grid.TopRow, 4) << "the sink sees where the grid is now";
+        }
     };
     EXPECT_EQ(host.put_FrozenRows(3), S_OK);
     EXPECT_EQ(host.put_FrozenCols(2), S_OK);
