@@ -65,7 +65,7 @@ If CStr(1.5) = "1.5" Then
     CheckShown "000", "7", "007"
     CheckShown "($#,##0.00)", "-1234.5", "($1,234.50)"
     CheckShown "yyyy-mm-dd", "36526", "2000-01-01"
-    CheckShown "h:mm", "0.5", "12:00"
+    CheckShown "h:mm", "12:00:00", "12:00"
     CheckShown "h:nn am/pm", "0.75", "6:00 PM"
     CheckShown "yyyy", "-657435", "-657435"
 End If
