@@ -73,7 +73,7 @@ grid.Cell(cpRefresh, 1, 1) = Empty
 Dim text
 On Error Resume Next
 grid.Cell(29, 1, 1) = 1
-CheckFails "unknown setting", &H17D&
+CheckFails "unknown setting", &H17C&
 grid.Cell(cpText, 99, 1) = "x"
 CheckFails "row outside", &H17D&
 grid.Cell(cpAlignment, 1, 1) = 13
