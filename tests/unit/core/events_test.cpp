@@ -304,8 +304,10 @@ TEST(Fire, AHoleIsTakenAsItStandsAndALateComerIsNotAsked)
     Grid grid;
     Connection one(grid.EventSinks, &first), two(grid.EventSinks, &second);
     uint32_t fillerCookie = 0, lateCookie = 0;
+    bool done = false;
     first.On = [&](DISPID, DISPPARAMS&) {
-        first.On = nullptr;
+        if (std::exchange(done, true))
+            return;
         grid.EventSinks.Remove(two.Cookie);
         EXPECT_TRUE(grid.EventSinks.Add(&filler, fillerCookie));
         EXPECT_TRUE(grid.EventSinks.Add(&late, lateCookie));

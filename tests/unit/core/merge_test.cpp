@@ -913,7 +913,7 @@ TEST_F(Spilling, EachRegionSpillsByItsOwnMode)
 
 // --- subtotals that take their row
 
-class SubtotalRows : public Merging
+class MergedSubtotalRows : public Merging
 {
 protected:
     void FillSubtotal(const char* cells)
@@ -924,7 +924,7 @@ protected:
     }
 };
 
-TEST_F(SubtotalRows, EachTextTakesTheEmptyCellsAtItsRight)
+TEST_F(MergedSubtotalRows, EachTextTakesTheEmptyCellsAtItsRight)
 {
     FillSubtotal(".a..b.");
     EXPECT_EQ(Rebuilt(), "08C484/000000");
@@ -932,14 +932,14 @@ TEST_F(SubtotalRows, EachTextTakesTheEmptyCellsAtItsRight)
     EXPECT_EQ(RangeOf(1, 1), "1,1-1,1");
 }
 
-TEST_F(SubtotalRows, FixedColumnsDoNotTakePart)
+TEST_F(MergedSubtotalRows, FixedColumnsDoNotTakePart)
 {
     FillSubtotal("a..b..");
     SetFixedCounts(grid, 0, 2, 0, 0);
     EXPECT_EQ(Rebuilt(), "0008C4/000000");
 }
 
-TEST_F(SubtotalRows, AHiddenColumnTakesNothing)
+TEST_F(MergedSubtotalRows, AHiddenColumnTakesNothing)
 {
     FillSubtotal("a..");
     grid.ColTable[0].ColFlags |= ColFlagHidden;
@@ -947,7 +947,7 @@ TEST_F(SubtotalRows, AHiddenColumnTakesNothing)
 }
 
 // The step over the last frozen column sets no link, but the walk goes on behind it. Hosts rely on it.
-TEST_F(SubtotalRows, TheFrozenBoundaryIsLeftOutAndTheWalkGoesOn)
+TEST_F(MergedSubtotalRows, TheFrozenBoundaryIsLeftOutAndTheWalkGoesOn)
 {
     FillSubtotal("a.....");
     SetFixedCounts(grid, 0, 0, 0, 2);
@@ -956,14 +956,14 @@ TEST_F(SubtotalRows, TheFrozenBoundaryIsLeftOutAndTheWalkGoesOn)
     EXPECT_EQ(RangeOf(0, 5), "0,2-0,5");
 }
 
-TEST_F(SubtotalRows, ATextCountsByItsPointer)
+TEST_F(MergedSubtotalRows, ATextCountsByItsPointer)
 {
     FillSubtotal("a..");
     grid.RowTable[0].Cells[1].Text = DuplicateText(L"");
     EXPECT_EQ(Rebuilt(), "084/000") << "an empty text is one as well";
 }
 
-TEST_F(SubtotalRows, TheLastColumnTakesNothing)
+TEST_F(MergedSubtotalRows, TheLastColumnTakesNothing)
 {
     FillSubtotal("..a");
     EXPECT_EQ(Rebuilt(), "000/000");
