@@ -89,6 +89,8 @@ Grid::~Grid()
     ReleaseDrawingObjects(*this);
     UnloadThemeLibrary(*this);
     FreeAndClear(ComboList);
+    FreeAndClear(EditMask);
+    ReleaseComboState(EditorList);
     FreeAndClear(FormatString);
     SysFreeString(ClipSeparators);
     for (IPictureDisp** picture : {&MouseIcon, &WallPaper, &CellButtonPicture, &NodeOpenPicture,

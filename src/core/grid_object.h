@@ -134,6 +134,9 @@ enum DataOption : uint32_t { DataOptionVirtualData = 1 };
 enum TipOption : uint32_t { TipOptionScrollTips = 1, TipOptionToolTips = 2 };
 enum MouseOption : uint32_t { MouseOptionAutoSizeMouse = 1 };
 
+// Values of Grid::ActiveEditor; also the identifiers of the child windows.
+enum EditorKind : int32_t { EditorNone = 0, EditorText = 666, EditorCombo = 667 };
+
 // Bits of Grid::EditFlags.
 enum EditFlag : uint32_t {
     // Set while ValidateEdit is out and while a gesture has taken the selection over: nothing moves the
@@ -305,10 +308,19 @@ struct Grid {
     // Editing
     int32_t EditRow = 0, EditCol = 0, EditRowSel = 0, EditColSel = 0;
     RECT EditRect = {};       // client pixels
-    int32_t ActiveEditor = 0; // 0 none, 666 text editor, 667 drop-down
+    int32_t ActiveEditor = 0; // EditorKind
     uint32_t EditFlags = 0;   // EditFlag
     int32_t EditMaxLength = 0;
-    wchar_t* ComboList = nullptr; // owned; the list of cells whose column has none
+    VARIANT_BOOL EditCancel = VARIANT_FALSE; // the Cancel of BeforeEdit, StartEdit and ValidateEdit
+    OLE_COLOR EditTextColor = 0;             // as last given to the editor
+    wchar_t* EditMask = nullptr;             // owned; the mask of every cell
+    wchar_t* ComboList = nullptr;            // owned; the list of cells whose column has none
+    // The editors' windows. After an edit they stay, hidden, until the next one.
+    HWND EditBoxWindow = nullptr;
+    bool LastKeyWasBackspace = false;
+    HWND ComboWindow = nullptr;
+    HWND ComboEditBox = nullptr;    // the edit box in the drop-down, null when only its items can be chosen
+    ComboListState EditorList = {}; // the items of the drop-down
 
     // Outline
     int32_t OutlineLevelCount = 0;

@@ -41,9 +41,36 @@ HRESULT SetCurrentRow(Grid& grid, int row);
 // Reports the current cell and selection where they differ from what was last reported.
 void FireSelectionEvents(Grid& grid);
 
-// edit
+// edit: the cell editor
+// Keys that StartCellEdit tells apart from typed characters.
+constexpr int EditByMouse = 0;
+constexpr int EditSelectAll = 13;
+constexpr int EditPlain = 32; // Space, Enter, or a click on the cell's button
+// Edits the current cell: opens an editor, toggles its check box or clicks its button. `key` is one of the
+// above or a character that was typed. Whether anything happened.
+bool StartCellEdit(Grid& grid, int key);
+// The `EditCell` member: opens an editor at once, or by message when one is open.
+void EditCell(Grid& grid);
 // Ends a running edit; false when it cannot be ended, and then the caller does nothing.
 bool CommitEdit(Grid& grid, bool cancel = false);
+// A press at `point` on the hit cell: toggles its check box if that is what was hit. True: the press is used
+// up.
+bool ClickCheckBox(Grid& grid, int row, int col, POINT point);
+// Whether the current cell has a list, so that its button can be pressed. Fires BeforeEdit when the column
+// has none, since a handler may set the grid's list.
+bool HasButtonList(Grid& grid);
+// What the grid's window hands to the editor: MessageStartEdit, MessageEditChanged, WM_COMMAND,
+// WM_CTLCOLOR... and WM_DRAWITEM. False: not the editor's.
+void ReopenEditor(Grid& grid, bool refused);
+void OnEditChanged(Grid& grid);
+bool OnEditorCommand(Grid& grid, int child, int notification);
+bool OnEditorColor(Grid& grid, HDC dc, HWND child, LRESULT& result);
+bool OnEditorDrawItem(Grid& grid, const DRAWITEMSTRUCT& item);
+// Moves the drop-down to EditRect.
+void PlaceComboWindow(Grid& grid);
+// Destroys the windows of both editors, for good or until the next edit.
+void DestroyEditorWindows(Grid& grid);
+// edit: lists and outline
 void ReleaseComboState(struct ComboListState& state);
 // Drops the list of the cell editor's drop-down and its window.
 void ReleaseEditorList(Grid& grid);

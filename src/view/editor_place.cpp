@@ -1,3 +1,5 @@
+#include "view/editor_place.h"
+
 #include "core/upcalls.h"
 #include "view/metrics.h"
 #include "view/scroll.h"
@@ -6,8 +8,6 @@
 
 namespace
 {
-constexpr int TextEditor = 666; // values of ActiveEditor
-constexpr int DropDown = 667;
 constexpr RECT OutOfSight = {-50, -50, -10, -10};
 
 // What the grid lines take off each side of the cell, so that an editor does not cover them.
@@ -30,35 +30,37 @@ constexpr LineRoom roomOfLines[] = {
     {1, 0, 1, 0}, // lorvGridSkipVert
 };
 
-RECT InsideLines(const Grid& grid, RECT cell) noexcept
+RECT EditorRect(Grid& grid)
+{
+    if (!IsCellVisible(grid, grid.EditRow, grid.EditCol))
+        return OutOfSight;
+    RECT area = CellRect(grid, grid.EditRow, grid.EditCol);
+    if (grid.ActiveEditor == EditorText)
+        return InsideGridLines(grid, area);
+    InflateRect(&area, 1, 1);
+    return area;
+}
+} // namespace
+
+RECT InsideGridLines(const Grid& grid, const RECT& cell) noexcept
 {
     bool listed = grid.GridLines >= 0 && grid.GridLines < static_cast<int>(std::size(roomOfLines));
     const LineRoom& room = listed ? roomOfLines[grid.GridLines] : flat;
     return {cell.left + room.Left, cell.top + room.Top, cell.right - room.Right, cell.bottom - room.Bottom};
 }
 
-RECT EditorRect(Grid& grid)
-{
-    RECT area = OutOfSight;
-    if (IsCellVisible(grid, grid.EditRow, grid.EditCol))
-        area = CellRect(grid, grid.EditRow, grid.EditCol);
-    if (grid.ActiveEditor == DropDown)
-        InflateRect(&area, 1, 1);
-    else
-        area = InsideLines(grid, area);
-    return area;
-}
-} // namespace
-
+// The room that tree, button and a low row make is not made again: after a scroll the text editor covers the
+// whole cell.
 void PlaceEditorWindow(Grid& grid)
 {
-    HWND editor =
-        grid.ActiveEditor == TextEditor || grid.ActiveEditor == DropDown ? OpenEditorWindow(grid) : nullptr;
+    HWND editor = OpenEditorWindow(grid);
     if (!editor || !IsWindowVisible(editor))
         return;
     RECT area = EditorRect(grid);
     if (EqualRect(&area, &grid.EditRect))
         return;
     grid.EditRect = area;
+    if (grid.ActiveEditor == EditorCombo)
+        return PlaceComboWindow(grid);
     MoveWindow(editor, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }

@@ -105,6 +105,7 @@ bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
 bool OnDestroy(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     RevokeRunningObject(grid);
+    DestroyEditorWindows(grid);
     CloseThemes(grid);
     return true;
 }
@@ -166,6 +167,41 @@ bool OnReportSelection(Grid& grid, WPARAM, LPARAM, LRESULT&)
     return true;
 }
 
+bool OnCommand(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
+{
+    return OnEditorCommand(grid, LOWORD(wParam), HIWORD(wParam));
+}
+
+bool OnControlColor(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    return OnEditorColor(grid, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam), result);
+}
+
+bool OnDrawItem(Grid& grid, WPARAM, LPARAM lParam, LRESULT&)
+{
+    return OnEditorDrawItem(grid, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+}
+
+bool OnStartEdit(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
+{
+    ReopenEditor(grid, wParam != 0);
+    return true;
+}
+
+bool OnEditTextChanged(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    OnEditChanged(grid);
+    return true;
+}
+
+// An input method begins to compose: its text goes into the cell.
+bool OnStartComposition(Grid& grid, WPARAM, LPARAM, LRESULT&)
+{
+    if (grid.Editable)
+        EditCell(grid);
+    return false;
+}
+
 constexpr struct {
     UINT Message;
     bool (*Handle)(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -189,7 +225,15 @@ constexpr struct {
     {WM_CREATE, OnCreate},
     {WM_DESTROY, OnDestroy},
     {WM_THEMECHANGED, OnThemeChanged},
+    {WM_COMMAND, OnCommand},
+    {WM_CTLCOLOREDIT, OnControlColor},
+    {WM_CTLCOLORLISTBOX, OnControlColor},
+    {WM_CTLCOLORSTATIC, OnControlColor},
+    {WM_DRAWITEM, OnDrawItem},
+    {WM_IME_STARTCOMPOSITION, OnStartComposition},
     {MessagePrint, OnPrintMessage},
+    {MessageStartEdit, OnStartEdit},
+    {MessageEditChanged, OnEditTextChanged},
     {MessageReserved, OnReserved},
     {MessageIdentify, OnIdentify},
     {MessageReportSelection, OnReportSelection},
