@@ -1,6 +1,7 @@
 #include "core/cell_store.h"
 #include "core/property_frame.h"
 #include "core/row_col.h"
+#include "core/upcalls.h"
 #include "platform/bstr.h"
 #include "platform/com_ptr.h"
 #include "shell/members/members.h"

@@ -1,3 +1,4 @@
+#include "platform/bstr.h"
 #include "support/fakes.h"
 #include "support/member_grid.h"
 #include "support/sort_grid.h"

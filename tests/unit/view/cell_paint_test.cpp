@@ -88,7 +88,7 @@ TEST_F(Cells, AreSelectedOnlyWhileTheHighlightShows)
                        {lorvHighlightWithFocus, true, true}};
     for (const auto& c : cases) {
         grid.HighLight = static_cast<int16_t>(c.HighLight);
-        grid.PaintMode = c.Focus ? PaintHasFocus : 0;
+        grid.PaintMode = c.Focus ? static_cast<uint32_t>(PaintHasFocus) : 0;
         EXPECT_EQ(IsSelectedForPaint(grid, 2, 2, false), c.Selected) << c.HighLight << c.Focus;
     }
 }

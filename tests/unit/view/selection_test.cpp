@@ -1,5 +1,6 @@
 #include "view/selection.h"
 
+#include "core/cell_pos.h"
 #include "core/errors.h"
 #include "support/grid_window.h"
 #include "view/messages.h"
