@@ -1,7 +1,7 @@
 #pragma once
-// Bytes from somewhere and to somewhere. Readers and writers of file formats know these interfaces and nothing
-// of files, so that tests and fuzzers feed them memory. Both are buffered by whoever uses them: a call may be a
-// call of the system.
+// Bytes from somewhere and to somewhere. Readers and writers of file formats know these interfaces and
+// nothing of files, so that tests and fuzzers feed them memory. Both are buffered by whoever uses them: a
+// call may be a call of the system.
 
 #include <cstddef>
 #include <cstdint>
