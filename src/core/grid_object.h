@@ -142,6 +142,8 @@ enum EditFlag : uint32_t {
     // Set while ValidateEdit is out and while a gesture has taken the selection over: nothing moves the
     // cursor until the next key, press or setter clears it.
     EditFlagSelectionLocked = 1,
+    // The next key that goes to the open editor is posted instead of sent.
+    EditFlagPostNextKey = 2,
 };
 
 // Bits of Grid::PaintMode, shared by the painter and the mouse.

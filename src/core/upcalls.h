@@ -80,9 +80,19 @@ void RebuildOutlineLevels(Grid& grid);
 // The window of the open cell editor, null while there is none.
 HWND OpenEditorWindow(const Grid& grid);
 
+// edit: clipboard, drag and drop
+// The clipboard methods, for the keys that call them.
+enum class ClipboardCommand { Copy, Cut, Paste, Delete };
+void RunClipboardCommand(Grid& grid, ClipboardCommand command);
+// The grid's part in drag and drop, for as long as it has a window.
+void CreateDropTarget(Grid& grid);
+void ReleaseDropTarget(Grid& grid);
+
 // shell
 // Asks the site of a windowless control, or the view advise sink of an inactive one, for a repaint.
 void RepaintThroughSite(Grid& grid);
+// WM_GETOBJECT; false leaves it to the system.
+bool AnswerAccessibilityRequest(Grid& grid, WPARAM wParam, LPARAM objectId, LRESULT& result);
 
 // files: text sources beside the own store
 const wchar_t* ReadCustomSource(Grid& grid, int row, int col);

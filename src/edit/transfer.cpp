@@ -1,0 +1,5 @@
+#include "core/upcalls.h"
+
+void RunClipboardCommand(Grid&, ClipboardCommand) {}
+void CreateDropTarget(Grid&) {}
+void ReleaseDropTarget(Grid&) {}

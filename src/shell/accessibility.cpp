@@ -1,0 +1,6 @@
+#include "core/upcalls.h"
+
+bool AnswerAccessibilityRequest(Grid&, WPARAM, LPARAM, LRESULT&)
+{
+    return false;
+}

@@ -1,0 +1,3 @@
+#include "view/navigate_key.h"
+
+void NavigateKey(Grid&, int) {}
