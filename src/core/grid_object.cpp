@@ -86,6 +86,7 @@ Grid::~Grid()
     Redraw = lorvRDNone; // nothing is to be laid out or painted any more
     ResizeRows(*this, 0);
     ResizeCols(*this, 0);
+    ReleaseTips(*this);
     ReleaseDrawingObjects(*this);
     UnloadThemeLibrary(*this);
     FreeAndClear(ComboList);

@@ -330,8 +330,11 @@ struct Grid {
     int16_t LastOutlineLevel = 0;
 
     // Searching and tips
-    int32_t SearchLength = 0;
-    int32_t LastTipRow = -1;
+    int32_t SearchLength = 0; // characters typed so far
+    HWND TipWindow = nullptr;
+    wchar_t* ScrollTipText = nullptr; // owned
+    wchar_t* ToolTipText = nullptr;   // owned
+    int32_t LastTipRow = -1;          // the row whose scroll tip is shown, -1: none
 };
 
 // Writes the default of every property. The constructor alone calls it, on a cleared grid.

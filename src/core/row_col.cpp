@@ -2,6 +2,7 @@
 
 #include "core/cell_store.h"
 #include "core/events.h"
+#include "core/search.h"
 #include "core/upcalls.h"
 #include "platform/memory.h"
 
@@ -33,14 +34,6 @@ int CapacityFor(int count) noexcept
     if (count > INT_MAX - RowBlock)
         return -1;
     return (count + RowBlock - 1) / RowBlock * RowBlock;
-}
-
-void EndAutoSearch(Grid& grid)
-{
-    if (grid.IsSearching == 0)
-        return;
-    grid.IsSearching = 0;
-    event::EndAutoSearch(grid);
 }
 
 // The parts of a resize that happen even for an unchanged count.

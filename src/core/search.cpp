@@ -2,6 +2,7 @@
 
 #include "core/cell_store.h"
 #include "core/events.h"
+#include "core/upcalls.h"
 #include "platform/bstr.h"
 #include "platform/com_ptr.h"
 #include "platform/variant.h"
@@ -68,6 +69,15 @@ HRESULT FindRow(Grid& grid, const VARIANT& item, const FindOptions& options, int
     if (TextOf(item, text) && !text.Empty())
         found = FindText(grid, text, options);
     return S_OK;
+}
+
+void EndAutoSearch(Grid& grid)
+{
+    if (!grid.IsSearching)
+        return;
+    RepaintCell(grid, grid.Row, grid.Col); // takes the mark of the typed text away
+    grid.IsSearching = 0;
+    event::EndAutoSearch(grid);
 }
 
 namespace

@@ -18,5 +18,8 @@ HRESULT FindRow(Grid& grid, const VARIANT& item, const FindOptions& options, int
 // scrollable one. LORV_E_INDEX: no such column; other failures are the engine's.
 HRESULT FindRowRegex(Grid& grid, BSTR pattern, int row, int col, int& found);
 
+// Ends the search by typing that runs, and reports that. Nothing happens when none does.
+void EndAutoSearch(Grid& grid);
+
 // Whether two values of one type are the same; values of different types never are.
 bool CompareVariants(const VARIANT& item, const VARIANT& value, bool caseSensitive, bool fullMatch) noexcept;

@@ -99,6 +99,8 @@ bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
     if (grid.TopRow > grid.FixedRows || grid.LeftCol > grid.FixedCols)
         RecalculateLayout(grid);
     grid.HoverRow = grid.HoverCol = -1;
+    if (grid.TipOptions & TipOptionScrollTips)
+        CreateTipWindow(grid);
     return true;
 }
 
@@ -106,6 +108,7 @@ bool OnDestroy(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     RevokeRunningObject(grid);
     DestroyEditorWindows(grid);
+    ReleaseTips(grid);
     CloseThemes(grid);
     return true;
 }
@@ -149,9 +152,15 @@ void ScrollByMessage(Grid& grid, bool& guard, void (*scroll)(Grid&, int, int, bo
     guard = false;
 }
 
+void ScrollRows(Grid& grid, int code, int position, bool force)
+{
+    ScrollVertical(grid, code, position, force);
+    UpdateScrollTip(grid, code);
+}
+
 bool OnVScroll(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
 {
-    ScrollByMessage(grid, scrollGuards.Vertical, ScrollVertical, wParam);
+    ScrollByMessage(grid, scrollGuards.Vertical, ScrollRows, wParam);
     return true;
 }
 
