@@ -78,6 +78,10 @@ void ReleaseEditorList(Grid& grid);
 // Counts the outline levels anew.
 void RebuildOutlineLevels(Grid& grid);
 
+// A press at `point` on the hit cell: opens or closes the node whose mark was hit. True: the press is used
+// up.
+bool ClickOutline(Grid& grid, int row, int col, POINT point);
+
 // The window of the open cell editor, null while there is none.
 HWND OpenEditorWindow(const Grid& grid);
 
@@ -88,6 +92,8 @@ void RunClipboardCommand(Grid& grid, ClipboardCommand command);
 // The grid's part in drag and drop, for as long as it has a window.
 void CreateDropTarget(Grid& grid);
 void ReleaseDropTarget(Grid& grid);
+// Starts to drag the selection; true when the press became a drag, even if nothing came of it.
+bool StartOleDrag(Grid& grid);
 
 // edit: searching by typing, and tips
 // What typing a character comes to before anything else sees it; true when the search has taken it.

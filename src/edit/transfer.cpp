@@ -3,3 +3,8 @@
 void RunClipboardCommand(Grid&, ClipboardCommand) {}
 void CreateDropTarget(Grid&) {}
 void ReleaseDropTarget(Grid&) {}
+
+bool StartOleDrag(Grid&)
+{
+    return false;
+}
