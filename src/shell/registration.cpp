@@ -163,6 +163,10 @@ HRESULT UnregisterControl() noexcept
     SHDeleteKeyW(HKEY_CLASSES_ROOT, Expand(values, ClassKey).Text);
     for (size_t row = std::size(registryScript); row-- > 0;)
         RemoveRow(values, registryScript[row]);
-    HRESULT result = UnRegisterTypeLib(LIBID_Lorv8L, 1, 0, LANG_NEUTRAL, LibrarySystem);
-    return result == TYPE_E_REGISTRYACCESS ? S_OK : result; // it was not registered
+    // One that is not registered is no failure.
+    BSTR path = nullptr;
+    if (FAILED(QueryPathOfRegTypeLib(LIBID_Lorv8L, 1, 0, LANG_NEUTRAL, &path)))
+        return S_OK;
+    SysFreeString(path);
+    return UnRegisterTypeLib(LIBID_Lorv8L, 1, 0, LANG_NEUTRAL, LibrarySystem);
 }

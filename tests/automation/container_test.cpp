@@ -1,6 +1,7 @@
 // The control in a container: its site, the ambient properties, activation in place, focus, messages, views.
 
 #include "support/control_fixture.h"
+#include "support/fonts.h"
 #include "support/test_container.h"
 
 namespace
@@ -169,27 +170,6 @@ TEST_F(HostedControl, UserModeIsHeededWhenItChanges)
     ChangeAmbient(DISPID_AMBIENT_UIDEAD);
 }
 
-namespace
-{
-ComPtr<IFont> MakeFont(const wchar_t* name, int points)
-{
-    std::wstring face = name;
-    FONTDESC description = {sizeof(description), face.data(), {},    FW_NORMAL,
-                            DEFAULT_CHARSET,     FALSE,       FALSE, FALSE};
-    description.cySize.int64 = points * 10000;
-    ComPtr<IFont> font;
-    EXPECT_EQ(S_OK, OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()));
-    return font;
-}
-
-CY SizeOf(IFont* font)
-{
-    CY size = {};
-    font->get_Size(&size);
-    return size;
-}
-} // namespace
-
 class HostedFont : public HostedControl
 {
 protected:
@@ -203,7 +183,7 @@ protected:
 
 TEST_F(HostedFont, AHostsFontIsCloned)
 {
-    auto font = MakeFont(L"Tahoma", 15);
+    auto font = SystemFont(L"Tahoma", 15);
     auto dispatch = QueryFor<IDispatch>(font.Get(), IID_IDispatch);
     VARIANT ambient = {};
     ambient.vt = VT_DISPATCH;
@@ -214,10 +194,7 @@ TEST_F(HostedFont, AHostsFontIsCloned)
     ASSERT_TRUE(own);
     EXPECT_NE(QueryFor<IUnknown>(font.Get(), IID_IUnknown).Get(),
               QueryFor<IUnknown>(own.Get(), IID_IUnknown).Get());
-    EXPECT_EQ(SizeOf(font.Get()).int64, SizeOf(own.Get()).int64);
-    Bstr name;
-    own->get_Name(name.Put());
-    EXPECT_STREQ(L"Tahoma", name.Text());
+    EXPECT_EQ(LookOf(font.Get()), LookOf(own.Get()));
     site_.Ambients.clear();
 }
 
@@ -226,15 +203,7 @@ TEST_F(HostedFont, WithoutAHostsFontItIsEightPoints)
     Site();
     auto own = GridFont();
     ASSERT_TRUE(own);
-    EXPECT_EQ(80000, SizeOf(own.Get()).int64);
-    Bstr name;
-    own->get_Name(name.Put());
-    EXPECT_STREQ(L"MS Sans Serif", name.Text());
-    SHORT charset = 0, weight = 0;
-    own->get_Charset(&charset);
-    own->get_Weight(&weight);
-    EXPECT_EQ(1, charset);
-    EXPECT_EQ(400, weight);
+    EXPECT_EQ(LookOf(SystemFont(L"MS Sans Serif", 8).Get()), LookOf(own.Get()));
 }
 
 TEST_F(HostedControl, ActivatesInAWindowOfItsOwn)

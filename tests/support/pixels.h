@@ -66,10 +66,19 @@ public:
     // The smallest rectangle around the pixels of a colour; empty when there are none.
     RECT Extent(const RECT& area, COLORREF colour) const
     {
+        return ExtentWhere(area, [colour](COLORREF pixel) { return pixel == colour; });
+    }
+    // The same for the pixels of all other colours.
+    RECT ExtentBeside(const RECT& area, COLORREF colour) const
+    {
+        return ExtentWhere(area, [colour](COLORREF pixel) { return pixel != colour; });
+    }
+    template<class Wanted> RECT ExtentWhere(const RECT& area, Wanted wanted) const
+    {
         RECT extent = {area.right, area.bottom, area.left, area.top};
         for (int y = area.top; y < area.bottom; ++y)
             for (int x = area.left; x < area.right; ++x)
-                if (At(x, y) == colour) {
+                if (wanted(At(x, y))) {
                     extent.left = std::min<LONG>(extent.left, x);
                     extent.top = std::min<LONG>(extent.top, y);
                     extent.right = std::max<LONG>(extent.right, x + 1);

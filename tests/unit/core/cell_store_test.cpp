@@ -37,7 +37,6 @@ int BoxOf(Grid& grid, int row, int col)
 
 // A grid with a sink, and every block of it back in the end.
 struct WatchedGrid {
-    HeapBalance Balance;
     EventSink Events;
     struct Grid Grid;
     Connection Connected{Grid.EventSinks, &Events};
@@ -55,6 +54,7 @@ TEST(SetCellText, RefusesACellOutsideTheGrid)
 
 TEST(SetCellText, StoresACopyMarksTheRowAndTheMergeLinksAndFires)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     Grid& grid = watched.Grid;
     grid.OptionWord &= ~OptionMergeStale;
@@ -82,6 +82,7 @@ TEST(SetCellText, LeavesAStatusThatSaysMoreAlone)
 
 TEST(SetCellText, AnEmptyTextOnAnEmptyCellDoesNothing)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     Grid& grid = watched.Grid;
     grid.OptionWord &= ~OptionMergeStale;
@@ -98,6 +99,7 @@ TEST(SetCellText, AnEmptyTextOnAnEmptyCellDoesNothing)
 
 TEST(SetCellText, TheSameTextAgainDoesNothing)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     Grid& grid = watched.Grid;
     SetCellText(grid, 3, 2, L"abc");
@@ -113,6 +115,7 @@ TEST(SetCellText, TheSameTextAgainDoesNothing)
 
 TEST(SetCellText, TheCellsOwnTextIsNoChangeWhateverTheLength)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     SetCellText(watched.Grid, 3, 2, L"abc");
     watched.Events.Events.clear();
@@ -126,6 +129,7 @@ TEST(SetCellText, SameIsWhatTheUsersSortingRulesCallEqual)
     const wchar_t* pairs[][2] = {
         {L"coop", L"co\xADop"}, {L"abc", L"ABC"}, {L"e\x301", L"\xE9"}, {L"a", L"a\x200D"}};
     for (auto& pair : pairs) {
+        HeapBalance balance;
         WatchedGrid watched;
         SetCellText(watched.Grid, 1, 1, pair[0]);
         SetCellText(watched.Grid, 1, 1, pair[1]);
@@ -149,6 +153,7 @@ TEST(SetCellText, TakesTheFirstCharactersWhenALengthIsGiven)
 
 TEST(SetCellText, AnEmptyTextLeavesNoString)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     for (const wchar_t* empty : {L"", static_cast<const wchar_t*>(nullptr)}) {
         SetCellText(watched.Grid, 3, 2, L"abc");
@@ -194,6 +199,7 @@ TEST(SetCellText, ClearingATextInABooleanColumnClearsTheBoxToo)
 
 TEST(CellChanged, IsSilentInsideItsOwnHandlerInEveryGrid)
 {
+    HeapBalance balance;
     WatchedGrid first;
     WatchedGrid second;
     first.Events.On = [&](DISPID, DISPPARAMS&) {
@@ -213,6 +219,7 @@ TEST(CellChanged, IsSilentInsideItsOwnHandlerInEveryGrid)
 
 TEST(CellChanged, AHandlerMayTakeTheCellAway)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     watched.Events.On = [&](DISPID, DISPPARAMS&) { ResizeRows(watched.Grid, 0); };
     EXPECT_EQ(SetCellText(watched.Grid, 3, 3, L"x"), S_OK);
@@ -221,6 +228,7 @@ TEST(CellChanged, AHandlerMayTakeTheCellAway)
 
 TEST(SetCellText, WithoutMemoryForTheTextTheOldOneIsGone)
 {
+    HeapBalance balance;
     WatchedGrid watched;
     Grid& grid = watched.Grid;
     SetCellText(grid, 3, 2, L"old");
@@ -303,6 +311,7 @@ TEST(TextSource, AnotherGridHoldsTheTextsOfEveryCell)
 TEST(TextSource, AFailedWriteGivesItsCodeAndNoEvent)
 {
     Grid other;
+    HeapBalance balance;
     WatchedGrid watched;
     ResizeRows(other, 5);
     watched.Grid.BoundKind = BoundToGrid;

@@ -88,7 +88,7 @@ TEST_F(Cells, AreSelectedOnlyWhileTheHighlightShows)
                        {lorvHighlightWithFocus, true, true}};
     for (const auto& c : cases) {
         grid.HighLight = static_cast<int16_t>(c.HighLight);
-        grid.PaintMode = c.Focus ? static_cast<uint32_t>(PaintHasFocus) : 0;
+        grid.PaintMode = c.Focus ? uint32_t{PaintHasFocus} : 0;
         EXPECT_EQ(IsSelectedForPaint(grid, 2, 2, false), c.Selected) << c.HighLight << c.Focus;
     }
 }
@@ -266,22 +266,56 @@ TEST_F(Cells, TextStylesAddLightAndShadowCopies)
     }
 }
 
-TEST_F(Cells, RaisedTextHasItsLightAboveAndInsetTextBelow)
+TEST_F(Cells, CopiesOfTextStandOnePixelOff)
+{
+    struct {
+        int Style;
+        int Before, Behind; // how many pixels the drawing grows to the left and top, to the right and bottom
+    } const cases[] = {{lorvTextRaised, 1, 1},
+                       {lorvTextInset, 1, 1},
+                       {lorvTextRaisedLight, 1, 0},
+                       {lorvTextInsetLight, 0, 1}};
+    SetText(1, 1, L"HHHH");
+    RECT inner = Area(1, 1);
+    InflateRect(&inner, -2, -2); // without the lines of the grid
+    Paint();
+    RECT flat = canvas.ExtentBeside(inner, Back);
+    ASSERT_FALSE(IsRectEmpty(&flat));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Style);
+        Format(1, 1).TextStyle = static_cast<uint8_t>(c.Style);
+        Paint();
+        RECT drawn = canvas.ExtentBeside(inner, Back);
+        EXPECT_EQ(flat.left - drawn.left, c.Before);
+        EXPECT_EQ(flat.top - drawn.top, c.Before);
+        EXPECT_EQ(drawn.right - flat.right, c.Behind);
+        EXPECT_EQ(drawn.bottom - flat.bottom, c.Behind);
+    }
+}
+
+TEST_F(Cells, RaisedTextIsLitFromAboveAndInsetTextFromBelow)
 {
     SetText(1, 1, L"HHHH");
-    COLORREF light = GetSysColor(COLOR_BTNHIGHLIGHT);
-    Format(1, 1).TextStyle = lorvTextRaised;
-    Paint();
-    EXPECT_EQ(InkIn(1, 1, light).top, InkIn(1, 1).top - 1);
-    Format(1, 1).TextStyle = lorvTextInset;
-    Paint();
-    EXPECT_EQ(InkIn(1, 1, light).bottom, InkIn(1, 1).bottom + 1);
-    Format(1, 1).TextStyle = lorvTextRaisedLight;
-    Paint();
-    EXPECT_EQ(InkIn(1, 1, light).left, InkIn(1, 1).left - 1);
-    Format(1, 1).TextStyle = lorvTextInsetLight;
-    Paint();
-    EXPECT_EQ(InkIn(1, 1, light).right, InkIn(1, 1).right + 1);
+    RECT inner = Area(1, 1);
+    InflateRect(&inner, -2, -2);
+    auto darkInTheFirstLine = [&] {
+        RECT line = canvas.ExtentBeside(inner, Back);
+        line.bottom = line.top + 1;
+        int dark = 0;
+        for (int x = line.left; x < line.right; ++x)
+            dark += GetRValue(canvas.At(x, line.top)) < GetRValue(Back);
+        return dark;
+    };
+    for (int style : {lorvTextRaised, lorvTextRaisedLight}) {
+        Format(1, 1).TextStyle = static_cast<uint8_t>(style);
+        Paint();
+        EXPECT_EQ(darkInTheFirstLine(), 0) << style;
+    }
+    for (int style : {lorvTextInset, lorvTextInsetLight}) {
+        Format(1, 1).TextStyle = static_cast<uint8_t>(style);
+        Paint();
+        EXPECT_GT(darkInTheFirstLine(), 0) << style;
+    }
 }
 
 class Texts : public Cells

@@ -452,6 +452,7 @@ TEST_F(Draws, KeepTheNumberOfGdiObjects)
 TEST_F(Draws, ForAnotherDeviceAreAPictureOfTheClientArea)
 {
     grid.Extent = {7938, 5292}; // 300 by 200 pixels at 96 dpi
+    grid.BorderStyle = lorvBorderFlat;
     HDC target = CreateCompatibleDC(nullptr);
     HBITMAP bitmap = CreateBitmap(1, 1, 1, 32, nullptr);
     HGDIOBJ previous = SelectObject(target, bitmap);
@@ -461,8 +462,9 @@ TEST_F(Draws, ForAnotherDeviceAreAPictureOfTheClientArea)
     DeleteDC(target);
     EXPECT_TRUE(Painted());
     EXPECT_EQ(canvas.At(175, 50), Back);
-    EXPECT_EQ(canvas.At(0, 100), GetSysColor(COLOR_BTNSHADOW)) << "the border is drawn as a sunken edge";
+    EXPECT_EQ(canvas.At(0, 150), GetSysColor(COLOR_BTNSHADOW)) << "the border is drawn as a sunken edge";
     EXPECT_EQ(canvas.At(299, 100), GetSysColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_NE(canvas.At(0, 90), GetSysColor(COLOR_BTNSHADOW)) << "the sheet is still excluded";
 }
 
 TEST_F(Draws, IntoAMetafilePlayBack)
