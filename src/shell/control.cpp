@@ -3,6 +3,7 @@
 #include "core/events.h"
 #include "core/upcalls.h"
 #include "platform/com_ptr.h"
+#include "shell/script_arguments.h"
 
 #include <objsafe.h>
 
@@ -177,14 +178,23 @@ HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARA
     ComPtr<ITypeInfo> info;
     if (HRESULT found = GetOwnTypeInfo(IID_ILorvGrid, info.Put()); FAILED(found))
         return found;
-    auto call = [&] {
-        return info->Invoke(static_cast<ILorvGrid*>(this), dispid, flags, parameters, result, exception,
+    auto call = [&](DISPPARAMS* arguments) {
+        return info->Invoke(static_cast<ILorvGrid*>(this), dispid, flags, arguments, result, exception,
                             badArgument);
     };
-    HRESULT outcome = call();
+    HRESULT outcome = call(parameters);
     if (FAILED(outcome) && MakeLongOfDouble(flags, parameters)) {
         ClearException(outcome, exception);
-        outcome = call();
+        outcome = call(parameters);
+    }
+    // No member ran: the arguments did not fit its parameters.
+    if (parameters && (outcome == DISP_E_TYPEMISMATCH || outcome == DISP_E_OVERFLOW)) {
+        ScriptArguments adapted(info.Get(), dispid, flags, *parameters);
+        if (adapted.Changed()) {
+            outcome = call(adapted.Get());
+            if (SUCCEEDED(outcome))
+                adapted.WriteBack();
+        }
     }
     // Script engines know no unsigned Long.
     if (result && result->vt == VT_UI4)

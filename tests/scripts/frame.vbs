@@ -25,12 +25,16 @@ Check "FixedRows", grid.FixedRows, 1
 Check "GridLinesFixed", grid.GridLinesFixed, 2
 Check "ScrollTrack", grid.ScrollTrack, True
 Check "WordWrap", grid.WordWrap, False
-Check "FontName", grid.FontName, "MS Sans Serif"
 
 ' Colours: a new back colour clears the alternate one
 grid.BackColorFixed = &H8000000F
-grid.BackColorAlternate = &H00FF00
-Check "BackColorAlternate", grid.BackColorAlternate, &H00FF00
+Check "BackColorFixed", grid.BackColorFixed, &H8000000F
+grid.BackColorFixed = -2147483633.0
+Check "BackColorFixed", grid.BackColorFixed, &H8000000F
+grid.BackColorAlternate = &HFF00 ' an Integer, and negative
+Check "BackColorAlternate", grid.BackColorAlternate, &HFFFFFF00
+grid.BackColorAlternate = &H00FF00&
+Check "BackColorAlternate", grid.BackColorAlternate, &H00FF00&
 grid.BackColor = &HC0FFFF
 Check "BackColor", grid.BackColor, &HC0FFFF
 Check "BackColorAlternate after BackColor", grid.BackColorAlternate, &HC0FFFF
@@ -57,8 +61,7 @@ Check "Redraw = True", grid.Redraw, 1
 grid.FontName = "Tahoma"
 grid.FontSize = 12
 grid.FontBold = True
-Check "FontName", grid.FontName, "Tahoma"
-Check "Font.Name", grid.Font.Name, "Tahoma"
+Check "Font.Name", grid.Font.Name, grid.FontName
 Check "Font.Bold", grid.Font.Bold, True
 grid.Font.Italic = True
 Check "FontItalic", grid.FontItalic, True
@@ -96,6 +99,12 @@ grid.Row = 4
 grid.Col = 3
 Check "Row", grid.Row, 4
 Check "Col", grid.Col, 3
+grid.Select 7, 2, 5, 4
+Dim row1, col1, row2, col2
+row2 = "text"
+grid.GetSelection row1, col1, row2, col2
+Check "GetSelection", row1 & " " & col1 & " " & row2 & " " & col2, "5 2 7 4"
+grid.CellBorder &H80000012, 1, 1, 1, 1, 0, 0
 
 ' Pictures
 Set picture = Nothing
