@@ -3,15 +3,13 @@
 #include "core/events.h"
 #include "core/upcalls.h"
 #include "platform/com_ptr.h"
-#include "view/messages.h"
+#include "view/mouse.h"
 #include "view/selection.h"
 
 #include <utility>
 
 namespace
 {
-constexpr int FirstGridLineWithHeaderMark = 13; // headers of the selection look different
-
 ComPtr<IOleClientSite> ClientSite(Grid& grid)
 {
     ComPtr<IOleClientSite> site;
@@ -53,8 +51,7 @@ void RepaintFocusChange(Grid& grid)
         RepaintGrid(grid);
     else
         RepaintSelection(grid);
-    if (grid.GridLinesFixed >= FirstGridLineWithHeaderMark)
-        RepaintGrid(grid);
+    RepaintSelectionHeaders(grid);
 }
 
 bool IsInside(HWND window, HWND other) noexcept
@@ -69,7 +66,7 @@ void FinishListDrag(Grid& grid)
         return;
     grid.PaintMode &= ~static_cast<uint32_t>(PaintListDragAdds);
     SetRowsSelected(grid, grid.Row, grid.RowSel, true, false);
-    InvalidateRect(grid.Window, nullptr, FALSE);
+    RepaintGrid(grid);
 }
 
 void ForgetSearchText(Grid& grid) noexcept
@@ -77,16 +74,15 @@ void ForgetSearchText(Grid& grid) noexcept
     if (grid.IsSearching)
         grid.SearchLength = 0;
 }
-} // namespace
 
-bool DropCapture(Grid& grid)
+// The editor keeps the keyboard while it is open.
+void HandToEditor(const Grid& grid) noexcept
 {
-    if (!grid.Window || GetCapture() != grid.Window)
-        return false;
-    grid.PaintMode &= ~static_cast<uint32_t>(PaintMouseHeld);
-    ReleaseCapture();
-    return true;
+    HWND editor = grid.EditBoxWindow;
+    if (editor && IsWindowVisible(editor) && ::GetFocus() != editor)
+        ::SetFocus(editor);
 }
+} // namespace
 
 bool OnSetFocus(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
@@ -94,6 +90,7 @@ bool OnSetFocus(Grid& grid, WPARAM, LPARAM, LRESULT&)
     ActivateInHost(grid);
     grid.Redraw = redraw;
     RepaintFocusChange(grid);
+    HandToEditor(grid);
     event::SetFocus(grid);
     return false;
 }
@@ -102,8 +99,8 @@ bool OnKillFocus(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
 {
     if (grid.ActiveEditor && !IsInside(grid.Window, reinterpret_cast<HWND>(wParam)))
         CommitEdit(grid);
-    KillTimer(grid.Window, DragTimer);
-    if (DropCapture(grid))
+    StopDragTimer(grid);
+    if (DropMouseDrag(grid) && grid.Window)
         InvalidateRect(grid.Window, nullptr, TRUE);
     FinishListDrag(grid);
     ForgetSearchText(grid);

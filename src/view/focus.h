@@ -6,6 +6,3 @@
 // WM_SETFOCUS and WM_KILLFOCUS; the default procedure follows both.
 bool OnSetFocus(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
 bool OnKillFocus(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
-
-// Ends a press that holds the mouse; true when one did.
-bool DropCapture(Grid& grid);

@@ -4,10 +4,14 @@
 #include "core/property_frame.h"
 #include "core/upcalls.h"
 #include "view/focus.h"
+#include "view/keyboard.h"
+#include "view/mouse.h"
 #include "view/paint.h"
-#include "view/running_object.h"
 #include "view/scroll.h"
+#include "view/size_box.h"
 #include "view/theme.h"
+#include "view/wheel.h"
+#include "view/window_life.h"
 
 namespace
 {
@@ -41,7 +45,8 @@ bool OnSystemColors(Grid& grid, WPARAM, LPARAM, LRESULT&)
 
 bool OnPosChanged(Grid& grid, WPARAM, LPARAM lParam, LRESULT&)
 {
-    if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_FRAMECHANGED)
+    auto* position = reinterpret_cast<const WINDOWPOS*>(lParam);
+    if (position && position->flags & SWP_FRAMECHANGED)
         SetOption(grid, OptionGdiStale, true);
     return false;
 }
@@ -62,7 +67,7 @@ bool OnGetDialogCode(Grid& grid, WPARAM, LPARAM lParam, LRESULT& result)
 
 bool OnCancelMode(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
-    DropCapture(grid);
+    DropMouseDrag(grid);
     return true;
 }
 
@@ -72,44 +77,10 @@ bool OnMouseActivate(Grid&, WPARAM, LPARAM, LRESULT& result)
     return true;
 }
 
-bool OnButtonDown(Grid& grid, WPARAM, LPARAM, LRESULT&)
-{
-    HWND focus = GetFocus();
-    if (focus != grid.Window && !IsChild(grid.Window, focus))
-        SetFocus(grid.Window);
-    return true;
-}
-
 bool OnSize(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     RecalcDefaultRowHeight(grid);
     event::Resize(grid);
-    return true;
-}
-
-bool OnCreate(Grid& grid, WPARAM, LPARAM, LRESULT&)
-{
-    RegisterRunningObject(grid);
-    ThemeReopen(grid, grid.Window);
-    ApplyBorderStyle(grid);
-    if (IsDesignMode(grid))
-        return true;
-    LONG_PTR style = GetWindowLongPtrW(grid.Window, GWL_STYLE);
-    SetWindowLongPtrW(grid.Window, GWL_STYLE, style | WS_HSCROLL | WS_VSCROLL);
-    if (grid.TopRow > grid.FixedRows || grid.LeftCol > grid.FixedCols)
-        RecalculateLayout(grid);
-    grid.HoverRow = grid.HoverCol = -1;
-    if (grid.TipOptions & TipOptionScrollTips)
-        CreateTipWindow(grid);
-    return true;
-}
-
-bool OnDestroy(Grid& grid, WPARAM, LPARAM, LRESULT&)
-{
-    RevokeRunningObject(grid);
-    DestroyEditorWindows(grid);
-    ReleaseTips(grid);
-    CloseThemes(grid);
     return true;
 }
 
@@ -170,6 +141,11 @@ bool OnHScroll(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
     return true;
 }
 
+bool OnGetObject(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    return AnswerAccessibilityRequest(grid, wParam, lParam, result);
+}
+
 bool OnReportSelection(Grid& grid, WPARAM, LPARAM, LRESULT&)
 {
     FireSelectionEvents(grid);
@@ -188,7 +164,8 @@ bool OnControlColor(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result)
 
 bool OnDrawItem(Grid& grid, WPARAM, LPARAM lParam, LRESULT&)
 {
-    return OnEditorDrawItem(grid, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    auto* item = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+    return item && OnEditorDrawItem(grid, *item);
 }
 
 bool OnStartEdit(Grid& grid, WPARAM wParam, LPARAM, LRESULT&)
@@ -203,19 +180,13 @@ bool OnEditTextChanged(Grid& grid, WPARAM, LPARAM, LRESULT&)
     return true;
 }
 
-// An input method begins to compose: its text goes into the cell.
-bool OnStartComposition(Grid& grid, WPARAM, LPARAM, LRESULT&)
-{
-    if (grid.Editable)
-        EditCell(grid);
-    return false;
-}
-
 constexpr struct {
     UINT Message;
     bool (*Handle)(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
 } messageMap[] = {
     {WM_PAINT, OnPaint},
+    {WM_MOUSEMOVE, OnMouseMove},
+    {WM_SETCURSOR, OnSetCursor},
     {WM_SETFOCUS, OnSetFocus},
     {WM_KILLFOCUS, OnKillFocus},
     {WM_ERASEBKGND, OnEraseBackground},
@@ -224,28 +195,45 @@ constexpr struct {
     {WM_WINDOWPOSCHANGED, OnPosChanged},
     {WM_GETDLGCODE, OnGetDialogCode},
     {WM_CANCELMODE, OnCancelMode},
-    {WM_LBUTTONDOWN, OnButtonDown},
-    {WM_MBUTTONDOWN, OnButtonDown},
-    {WM_RBUTTONDOWN, OnButtonDown},
+    {WM_CAPTURECHANGED, OnCaptureChanged},
+    {WM_NCPAINT, OnFramePaint},
+    {WM_LBUTTONDOWN, OnLeftButtonDown},
+    {WM_LBUTTONUP, OnLeftButtonUp},
+    {WM_MBUTTONDOWN, OnMiddleButtonDown},
+    {WM_RBUTTONDOWN, OnRightButtonDown},
+    {WM_MBUTTONUP, OnMiddleButtonUp},
+    {WM_RBUTTONUP, OnRightButtonUp},
+    {WM_LBUTTONDBLCLK, OnLeftDoubleClick},
+    {WM_RBUTTONDBLCLK, OnRightDoubleClick},
     {WM_MOUSEACTIVATE, OnMouseActivate},
+    {WM_MOUSELEAVE, OnMouseLeave},
+    {WM_MOUSEWHEEL, OnMouseWheel},
     {WM_VSCROLL, OnVScroll},
     {WM_HSCROLL, OnHScroll},
+    {WM_TIMER, OnDragTimer},
     {WM_SIZE, OnSize},
     {WM_CREATE, OnCreate},
     {WM_DESTROY, OnDestroy},
-    {WM_THEMECHANGED, OnThemeChanged},
+    {WM_KEYDOWN, OnKeyDown},
+    {WM_KEYUP, OnKeyUp},
+    {WM_SYSKEYDOWN, OnSysKeyDown},
+    {WM_SYSKEYUP, OnSysKeyUp},
+    {WM_CHAR, OnChar},
     {WM_COMMAND, OnCommand},
     {WM_CTLCOLOREDIT, OnControlColor},
     {WM_CTLCOLORLISTBOX, OnControlColor},
     {WM_CTLCOLORSTATIC, OnControlColor},
     {WM_DRAWITEM, OnDrawItem},
-    {WM_IME_STARTCOMPOSITION, OnStartComposition},
     {MessagePrint, OnPrintMessage},
-    {MessageStartEdit, OnStartEdit},
-    {MessageEditChanged, OnEditTextChanged},
-    {MessageReserved, OnReserved},
     {MessageIdentify, OnIdentify},
+    {MessageStartEdit, OnStartEdit},
+    {MessageReserved, OnReserved},
+    {MessageEditChanged, OnEditTextChanged},
     {MessageReportSelection, OnReportSelection},
+    {MessageReserved2, OnReserved},
+    {WM_IME_STARTCOMPOSITION, OnStartComposition},
+    {WM_GETOBJECT, OnGetObject},
+    {WM_THEMECHANGED, OnThemeChanged},
 };
 } // namespace
 
@@ -254,5 +242,5 @@ bool ProcessWindowMessage(Grid& grid, UINT message, WPARAM wParam, LPARAM lParam
     for (const auto& entry : messageMap)
         if (entry.Message == message)
             return entry.Handle(grid, wParam, lParam, result);
-    return false;
+    return message == WheelMessage() && OnMouseWheel(grid, wParam, lParam, result);
 }

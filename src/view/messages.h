@@ -11,6 +11,7 @@ enum PrivateMessage : UINT {
     MessageIdentify = 0x481,        // with wParam IdentifyVersion answers the address of the grid object
     MessageEditChanged = 0x482,     // deferred notice of a change in the editor
     MessageReportSelection = 0x483, // deferred selection events
+    MessageReserved2 = 0x48C,       // kept free like the other one
 };
 constexpr LRESULT PrintMessageSign = 456654;
 constexpr WPARAM IdentifyVersion = 802;

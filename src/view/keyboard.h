@@ -1,0 +1,12 @@
+#pragma once
+// The keys: one routine per message of the grid's window. While an editor is open they are its keys.
+
+#include "core/grid_object.h"
+
+bool OnKeyDown(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);    // WM_KEYDOWN
+bool OnKeyUp(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);      // WM_KEYUP
+bool OnSysKeyDown(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result); // WM_SYSKEYDOWN
+bool OnSysKeyUp(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);   // WM_SYSKEYUP
+bool OnChar(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);       // WM_CHAR
+// WM_IME_STARTCOMPOSITION: what an input method composes goes into the cell.
+bool OnStartComposition(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);
