@@ -86,11 +86,12 @@ void ShowTip(Grid& grid, const wchar_t* text)
     HWND tip = grid.TipWindow;
     if (!tip)
         return;
+    TTTOOLINFOW tool = ToolOf(grid, text);
     if (!text || !*text) {
+        SendMessageW(tip, TTM_TRACKACTIVATE, FALSE, AsParam(&tool));
         SendMessageW(tip, TTM_POP, 0, 0);
         return;
     }
-    TTTOOLINFOW tool = ToolOf(grid, text);
     SendMessageW(tip, TTM_UPDATETIPTEXTW, 0, AsParam(&tool));
     SendMessageW(tip, TTM_UPDATE, 0, 0);
     SendMessageW(tip, TTM_TRACKACTIVATE, TRUE, AsParam(&tool));
