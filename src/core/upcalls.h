@@ -112,23 +112,6 @@ void ShowToolTip(Grid& grid);
 // BeforeScrollTip.
 void UpdateScrollTip(Grid& grid, int scrollCode);
 
-// edit: searching by typing, and tips
-// What typing a character comes to before anything else sees it; true when the search has taken it.
-bool AutoSearchKey(Grid& grid, int key);
-// Makes the window of the tips anew; without a window of the grid there is none.
-void CreateTipWindow(Grid& grid);
-// Destroys the window of the tips and forgets both texts.
-void ReleaseTips(Grid& grid);
-// Shows a text at the pointer, or nothing. Without a tip window nothing happens.
-void ShowTip(Grid& grid, const wchar_t* text);
-// Takes any tip away.
-void HideTip(Grid& grid);
-// What a move of the mouse shows, once its event has fired: ToolTipText in place of a scroll tip.
-void ShowToolTip(Grid& grid);
-// What a message of the vertical bar shows, once it has scrolled: the tip of the row under the thumb. Fires
-// BeforeScrollTip.
-void UpdateScrollTip(Grid& grid, int scrollCode);
-
 // shell
 // Asks the site of a windowless control, or the view advise sink of an inactive one, for a repaint.
 void RepaintThroughSite(Grid& grid);
