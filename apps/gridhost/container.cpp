@@ -1,10 +1,12 @@
 #include "container.h"
 
+#include <algorithm>
 #include <ocidl.h>
 
 namespace
 {
 constexpr int himetricPerInch = 2540;
+constexpr int fieldHeight = 24; // pixels
 
 // Connected for the protocol's sake: a control must cope with an advise holder that is in use.
 class AdviseSink : public ComObject<IAdviseSink>
@@ -70,7 +72,16 @@ RECT Container::ControlRect() const
 {
     RECT client = {};
     GetClientRect(frame_, &client);
+    if (field_)
+        client.bottom = std::max(client.bottom - fieldHeight, 0L);
     return client;
+}
+
+void Container::AddField()
+{
+    field_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0,
+                             frame_, nullptr, GetModuleHandleW(nullptr), nullptr);
+    FitControl();
 }
 
 HRESULT Container::SetExtent()
@@ -96,16 +107,36 @@ HRESULT Container::UIActivate()
 
 void Container::FitControl()
 {
+    const RECT rect = ControlRect();
+    if (field_)
+        MoveWindow(field_, 0, rect.bottom, rect.right, fieldHeight, TRUE);
     if (!inPlace_)
         return;
     const auto inPlace = inPlace_; // a Resize handler may close the control
-    const RECT rect = ControlRect();
     SetExtent();
     inPlace->SetObjectRects(&rect, &rect);
 }
 
+bool Container::MoveFocusByTab(MSG& message)
+{
+    if (!field_ || message.message != WM_KEYDOWN || message.wParam != VK_TAB)
+        return false;
+    if (message.hwnd == field_) {
+        SetFocus(ControlWindow());
+        return true;
+    }
+    const LRESULT wanted =
+        SendMessageW(message.hwnd, WM_GETDLGCODE, VK_TAB, reinterpret_cast<LPARAM>(&message));
+    if (wanted & (DLGC_WANTALLKEYS | DLGC_WANTTAB))
+        return false;
+    SetFocus(field_);
+    return true;
+}
+
 bool Container::TranslateKey(MSG& message)
 {
+    if (MoveFocusByTab(message))
+        return true;
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || !active_)
         return false;
     const auto active = active_;

@@ -21,6 +21,11 @@ public:
     void Close();
     bool IsOpen() const { return bool(object_); }
 
+    // Puts a field of text beneath the control, so that the focus has somewhere else to go: Tab moves it
+    // between the two as in a dialog.
+    void AddField();
+    HWND Field() const { return field_; }
+
     HRESULT UIActivate();
     void FitControl(); // after the client area has changed
     bool TranslateKey(MSG& message);
@@ -48,9 +53,11 @@ private:
     HRESULT SetExtent();
     HRESULT DoVerb(LONG verb);
     void Advise();
+    bool MoveFocusByTab(MSG& message);
 
     AmbientProperties ambients_;
     HWND frame_ = nullptr;
+    HWND field_ = nullptr;
     ComPtr<IUnknown> control_;
     ComPtr<IOleObject> object_;
     ComPtr<IOleInPlaceObject> inPlace_;

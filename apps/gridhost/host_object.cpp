@@ -7,6 +7,7 @@
 #include "text_io.h"
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 // The arguments of one call in the order in which they were written.
 class HostObject::Arguments
@@ -54,6 +55,7 @@ const HostObject::MemberRow HostObject::memberRows[] = {
     {L"Click", method, 2, 4, &HostObject::Click},
     {L"DoubleClick", method, 2, 4, &HostObject::DoubleClick},
     {L"Drag", method, 4, 6, &HostObject::Drag},
+    {L"RestDrag", method, 1, 3, &HostObject::RestDrag},
     {L"MoveMouse", method, 2, 2, &HostObject::MoveMouse},
     {L"Wheel", method, 1, 3, &HostObject::Wheel},
     {L"Title", readWrite, 0, 0, &HostObject::Title, &HostObject::PutTitle},
@@ -68,6 +70,7 @@ const HostObject::MemberRow HostObject::memberRows[] = {
     {L"BlockMessage", method, 1, 2, &HostObject::BlockMessage},
     {L"CloseGrid", method, 0, 0, &HostObject::CloseGrid},
     {L"Unadvise", method, 0, 0, &HostObject::Unadvise},
+    {L"Focus", readWrite, 0, 0, &HostObject::Focus, &HostObject::PutFocus},
     {L"FrameWindow", readOnly, 0, 0, &HostObject::FrameWindow},
     {L"GridWindow", readOnly, 0, 0, &HostObject::GridWindow},
     {L"Width", readOnly, 0, 0, &HostObject::Width},
@@ -144,15 +147,18 @@ HRESULT HostObject::Pump(const Arguments& arguments, Variant&)
     return S_OK;
 }
 
+std::wstring HostObject::PicturePath(const std::wstring& file) const
+{
+    const bool absolute = file.starts_with(L"\\") || file.starts_with(L"/") || file.find(L':') != file.npos;
+    return FullPath(options_.outFolder.empty() || absolute ? file : options_.outFolder + L"\\" + file);
+}
+
 HRESULT HostObject::Screenshot(const Arguments& arguments, Variant&)
 {
-    std::wstring file = arguments.Text(0);
-    const bool absolute = file.starts_with(L"\\") || file.starts_with(L"/") || file.find(L':') != file.npos;
-    if (!options_.outFolder.empty() && !absolute)
-        file = options_.outFolder + L"\\" + file;
     PumpPending(container_, state_);
     const bool client = !_wcsicmp(arguments.Text(1).c_str(), L"client");
-    return SaveScreenshot(container_.Frame(), client ? ShotArea::Client : ShotArea::Window, FullPath(file));
+    return SaveScreenshot(container_.Frame(), client ? ShotArea::Client : ShotArea::Window,
+                          PicturePath(arguments.Text(0)));
 }
 
 HRESULT HostObject::Type(const Arguments& arguments, Variant&)
@@ -163,8 +169,7 @@ HRESULT HostObject::Type(const Arguments& arguments, Variant&)
     InputPlayer player;
     for (const KeyStroke& key : keys)
         player.Key(key);
-    player.Play(container_, state_);
-    return S_OK;
+    return player.Play(container_, state_);
 }
 
 // Points are in pixels from the top left corner of the control's window.
@@ -188,8 +193,7 @@ HRESULT HostObject::ClickTimes(const Arguments& arguments, int times)
         player.Button(button, false);
     }
     player.Shift(shift, false);
-    player.Play(container_, state_);
-    return S_OK;
+    return player.Play(container_, state_);
 }
 
 HRESULT HostObject::Click(const Arguments& arguments, Variant&)
@@ -214,9 +218,24 @@ HRESULT HostObject::Drag(const Arguments& arguments, Variant&)
     player.Button(button, true);
     for (int i = 1; i <= moves; ++i)
         player.MoveTo({from.x + MulDiv(to.x - from.x, i, moves), from.y + MulDiv(to.y - from.y, i, moves)});
+    const DragRest rest = std::exchange(dragRest_, {});
+    player.Rest(rest.milliseconds, rest.picture);
+    for (const KeyStroke& key : rest.keys)
+        player.Key(key);
     player.Button(button, false);
     player.Shift(shift, false);
-    player.Play(container_, state_);
+    return player.Play(container_, state_);
+}
+
+HRESULT HostObject::RestDrag(const Arguments& arguments, Variant&)
+{
+    DragRest rest;
+    rest.milliseconds = DWORD(std::max(arguments.Number(0), 0L));
+    if (const std::wstring file = arguments.Text(1); !file.empty())
+        rest.picture = PicturePath(file);
+    if (!ParseKeyText(arguments.Text(2), rest.keys))
+        return E_INVALIDARG;
+    dragRest_ = rest;
     return S_OK;
 }
 
@@ -224,8 +243,7 @@ HRESULT HostObject::MoveMouse(const Arguments& arguments, Variant&)
 {
     InputPlayer player;
     player.MoveTo(ToScreen(arguments, 0));
-    player.Play(container_, state_);
-    return S_OK;
+    return player.Play(container_, state_);
 }
 
 HRESULT HostObject::Wheel(const Arguments& arguments, Variant&)
@@ -235,8 +253,7 @@ HRESULT HostObject::Wheel(const Arguments& arguments, Variant&)
     player.Shift(shift, true);
     player.Wheel(int(arguments.Number(0)) * WHEEL_DELTA, arguments.Number(2) != 0);
     player.Shift(shift, false);
-    player.Play(container_, state_);
-    return S_OK;
+    return player.Play(container_, state_);
 }
 
 HRESULT HostObject::Title(const Arguments&, Variant& result)
@@ -336,6 +353,26 @@ HRESULT HostObject::Unadvise(const Arguments&, Variant&)
 {
     if (sink_)
         sink_->Disconnect();
+    return S_OK;
+}
+
+HRESULT HostObject::Focus(const Arguments&, Variant& result)
+{
+    HWND focus = ::GetFocus();
+    HWND grid = container_.ControlWindow();
+    const bool inGrid = grid && (focus == grid || IsChild(grid, focus));
+    result = Variant::Text(inGrid ? L"grid" : focus && focus == container_.Field() ? L"field" : L"");
+    return S_OK;
+}
+
+HRESULT HostObject::PutFocus(const Arguments& arguments, Variant&)
+{
+    const bool field = !_wcsicmp(arguments.Text(0).c_str(), L"field");
+    HWND window = field ? container_.Field() : container_.ControlWindow();
+    if (!window)
+        return E_INVALIDARG;
+    SetFocus(window);
+    PumpPending(container_, state_);
     return S_OK;
 }
 

@@ -4,8 +4,11 @@
 #include "com_owners.h"
 #include "container.h"
 #include "event_sink.h"
+#include "key_text.h"
 #include "options.h"
 #include "run_state.h"
+#include <string>
+#include <vector>
 
 class HostObject : public ComObject<IDispatch>
 {
@@ -33,6 +36,7 @@ private:
     HRESULT Click(const Arguments& arguments, Variant& result);
     HRESULT DoubleClick(const Arguments& arguments, Variant& result);
     HRESULT Drag(const Arguments& arguments, Variant& result);
+    HRESULT RestDrag(const Arguments& arguments, Variant& result);
     HRESULT MoveMouse(const Arguments& arguments, Variant& result);
     HRESULT Wheel(const Arguments& arguments, Variant& result);
     HRESULT Title(const Arguments& arguments, Variant& result);
@@ -48,6 +52,8 @@ private:
     HRESULT BlockMessage(const Arguments& arguments, Variant& result);
     HRESULT CloseGrid(const Arguments& arguments, Variant& result);
     HRESULT Unadvise(const Arguments& arguments, Variant& result);
+    HRESULT Focus(const Arguments& arguments, Variant& result);
+    HRESULT PutFocus(const Arguments& arguments, Variant& result);
     HRESULT FrameWindow(const Arguments& arguments, Variant& result);
     HRESULT GridWindow(const Arguments& arguments, Variant& result);
     HRESULT Width(const Arguments& arguments, Variant& result);
@@ -55,9 +61,18 @@ private:
 
     POINT ToScreen(const Arguments& arguments, size_t first) const;
     HRESULT ClickTimes(const Arguments& arguments, int times);
+    std::wstring PicturePath(const std::wstring& file) const;
 
     const Options& options_;
     Container& container_;
     RunState& state_;
     EventSink* sink_ = nullptr;
+
+    // What the next drag does before the button is released.
+    struct DragRest {
+        DWORD milliseconds = 0;
+        std::wstring picture;
+        std::vector<KeyStroke> keys;
+    };
+    DragRest dragRest_;
 };

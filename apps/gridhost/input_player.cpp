@@ -1,6 +1,8 @@
 #include "input_player.h"
 
 #include "message_pump.h"
+#include "screenshot.h"
+#include <objbase.h>
 
 static constexpr DWORD stepMilliseconds = 8;    // between two steps
 static constexpr DWORD settleMilliseconds = 40; // for what the last step has set off
@@ -19,7 +21,7 @@ void InputPlayer::MoveTo(POINT screen)
     INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
     input.mi.dx = MulDiv(screen.x, 65536, GetSystemMetrics(SM_CXSCREEN));
     input.mi.dy = MulDiv(screen.y, 65536, GetSystemMetrics(SM_CYSCREEN));
-    steps_.push_back(input);
+    steps_.push_back({input});
 }
 
 void InputPlayer::Button(int button, bool down)
@@ -29,12 +31,12 @@ void InputPlayer::Button(int button, bool down)
         flag = down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
     if (button == 4)
         flag = down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP;
-    steps_.push_back(MouseInput(flag));
+    steps_.push_back({MouseInput(flag)});
 }
 
 void InputPlayer::Wheel(int delta, bool horizontal)
 {
-    steps_.push_back(MouseInput(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, DWORD(delta)));
+    steps_.push_back({MouseInput(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, DWORD(delta))});
 }
 
 void InputPlayer::AddKey(unsigned short virtualKey, wchar_t character, DWORD flags)
@@ -47,7 +49,7 @@ void InputPlayer::AddKey(unsigned short virtualKey, wchar_t character, DWORD fla
     if ((virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT ||
         virtualKey == VK_DELETE)
         input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
-    steps_.push_back(input);
+    steps_.push_back({input});
 }
 
 void InputPlayer::Shift(unsigned shift, bool down)
@@ -66,25 +68,47 @@ void InputPlayer::Key(const KeyStroke& stroke)
     Shift(stroke.shift, false);
 }
 
-DWORD WINAPI InputPlayer::PlayThread(void* self)
+void InputPlayer::Rest(DWORD milliseconds, const std::wstring& picture)
 {
-    for (INPUT& step : static_cast<InputPlayer*>(self)->steps_) {
-        SendInput(1, &step, sizeof(step));
-        Sleep(stepMilliseconds);
+    if (steps_.empty())
+        return;
+    steps_.back().rest += milliseconds;
+    steps_.back().picture = picture;
+}
+
+void InputPlayer::PlaySteps()
+{
+    for (Step& step : steps_) {
+        SendInput(1, &step.input, sizeof(step.input));
+        Sleep(stepMilliseconds + step.rest);
+        if (!step.picture.empty())
+            if (HRESULT hr = SavePictureInPassing(frame_, step.picture); FAILED(hr))
+                outcome_ = hr;
     }
     Sleep(settleMilliseconds);
+}
+
+DWORD WINAPI InputPlayer::PlayThread(void* self)
+{
+    const bool com = SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)); // pictures need it
+    static_cast<InputPlayer*>(self)->PlaySteps();
+    if (com)
+        CoUninitialize();
     return 0;
 }
 
-void InputPlayer::Play(Container& container, RunState& state)
+HRESULT InputPlayer::Play(Container& container, RunState& state)
 {
-    if (container.Frame())
-        SetForegroundWindow(container.Frame());
+    frame_ = container.Frame();
+    outcome_ = S_OK;
+    if (frame_)
+        SetForegroundWindow(frame_);
     HANDLE thread = CreateThread(nullptr, 0, PlayThread, this, 0, nullptr);
     if (!thread)
-        return;
+        return HRESULT_FROM_WIN32(GetLastError());
     PumpUntilSignalled(container, state, thread);
     CloseHandle(thread);
     PumpPending(container, state);
     steps_.clear();
+    return outcome_;
 }

@@ -4,11 +4,13 @@
 #include "container.h"
 #include "key_text.h"
 #include "run_state.h"
+#include <string>
 #include <vector>
 #include <windows.h>
 
 // Collects steps, then plays them from a thread of its own while the caller pumps messages: the
-// control may run a loop of its own between the press and the release of a button.
+// control may run a loop of its own between the press and the release of a button, and nothing of the
+// host runs then.
 class InputPlayer
 {
 public:
@@ -17,12 +19,23 @@ public:
     void Wheel(int delta, bool horizontal);
     void Shift(unsigned shift, bool down); // 1 Shift, 2 Ctrl, 4 Alt
     void Key(const KeyStroke& stroke);
+    // Waits after the last step, then takes a picture of the screen there if a file is named.
+    void Rest(DWORD milliseconds, const std::wstring& picture);
 
-    void Play(Container& container, RunState& state);
+    // The code of a picture that could not be written.
+    HRESULT Play(Container& container, RunState& state);
 
 private:
+    struct Step {
+        INPUT input;
+        DWORD rest = 0; // milliseconds
+        std::wstring picture;
+    };
     static DWORD WINAPI PlayThread(void* self);
+    void PlaySteps();
     void AddKey(unsigned short virtualKey, wchar_t character, DWORD flags);
 
-    std::vector<INPUT> steps_;
+    std::vector<Step> steps_;
+    HWND frame_ = nullptr;
+    HRESULT outcome_ = S_OK;
 };

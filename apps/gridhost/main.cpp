@@ -58,6 +58,8 @@ static bool OpenControl(Run& run, HWND frame, ComPtr<IUnknown>& control)
         Explain(L"the control could not be activated", hr);
         return false;
     }
+    if (run.options.field)
+        run.container.AddField();
     ShowWindow(frame, SW_SHOW);
     SetForegroundWindow(frame);
     run.container.UIActivate();

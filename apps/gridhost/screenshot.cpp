@@ -123,12 +123,26 @@ static HRESULT WritePng(const MemoryPicture& picture, const wchar_t* file)
     return SUCCEEDED(hr) ? encoder->Commit() : hr;
 }
 
-HRESULT SaveScreenshot(HWND frame, ShotArea area, const std::wstring& file)
+static void DrawPointer(const MemoryPicture& picture, POINT origin)
 {
-    RedrawWindow(frame, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    CURSORINFO pointer = {};
+    pointer.cbSize = sizeof(pointer);
+    ICONINFO shape = {};
+    if (!GetCursorInfo(&pointer) || !(pointer.flags & CURSOR_SHOWING) ||
+        !GetIconInfo(pointer.hCursor, &shape))
+        return;
+    DrawIconEx(picture.dc, pointer.ptScreenPos.x - origin.x - int(shape.xHotspot),
+               pointer.ptScreenPos.y - origin.y - int(shape.yHotspot), pointer.hCursor, 0, 0, 0, nullptr,
+               DI_NORMAL);
+    DeleteObject(shape.hbmMask);
+    DeleteObject(shape.hbmColor);
+}
+
+static HRESULT SavePicture(HWND frame, ShotArea area, bool withPointer, const std::wstring& file)
+{
     GdiFlush();
     PopupSearch search = {frame, {}};
-    EnumThreadWindows(GetCurrentThreadId(), NotePopup, reinterpret_cast<LPARAM>(&search));
+    EnumThreadWindows(GetWindowThreadProcessId(frame, nullptr), NotePopup, reinterpret_cast<LPARAM>(&search));
 
     RECT bounds = AreaOf(frame, area);
     for (HWND popup : search.popups) {
@@ -144,6 +158,19 @@ HRESULT SaveScreenshot(HWND frame, ShotArea area, const std::wstring& file)
     CopyWindow(frame, area, picture, origin);
     std::for_each(search.popups.rbegin(), search.popups.rend(),
                   [&](HWND popup) { CopyWindow(popup, ShotArea::Window, picture, origin); });
+    if (withPointer)
+        DrawPointer(picture, origin);
     GdiFlush();
     return WritePng(picture, file.c_str());
+}
+
+HRESULT SaveScreenshot(HWND frame, ShotArea area, const std::wstring& file)
+{
+    RedrawWindow(frame, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return SavePicture(frame, area, false, file);
+}
+
+HRESULT SavePictureInPassing(HWND frame, const std::wstring& file)
+{
+    return SavePicture(frame, ShotArea::Window, true, file);
 }
