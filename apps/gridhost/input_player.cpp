@@ -16,12 +16,17 @@ static INPUT MouseInput(DWORD flags, DWORD data = 0)
     return input;
 }
 
+void InputPlayer::Add(const INPUT& input)
+{
+    steps_.push_back({input, 0, {}});
+}
+
 void InputPlayer::MoveTo(POINT screen)
 {
     INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
     input.mi.dx = MulDiv(screen.x, 65536, GetSystemMetrics(SM_CXSCREEN));
     input.mi.dy = MulDiv(screen.y, 65536, GetSystemMetrics(SM_CYSCREEN));
-    steps_.push_back({input});
+    Add(input);
 }
 
 void InputPlayer::Button(int button, bool down)
@@ -31,12 +36,12 @@ void InputPlayer::Button(int button, bool down)
         flag = down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
     if (button == 4)
         flag = down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP;
-    steps_.push_back({MouseInput(flag)});
+    Add(MouseInput(flag));
 }
 
 void InputPlayer::Wheel(int delta, bool horizontal)
 {
-    steps_.push_back({MouseInput(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, DWORD(delta))});
+    Add(MouseInput(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, DWORD(delta)));
 }
 
 void InputPlayer::AddKey(unsigned short virtualKey, wchar_t character, DWORD flags)
@@ -49,7 +54,7 @@ void InputPlayer::AddKey(unsigned short virtualKey, wchar_t character, DWORD fla
     if ((virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT ||
         virtualKey == VK_DELETE)
         input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
-    steps_.push_back({input});
+    Add(input);
 }
 
 void InputPlayer::Shift(unsigned shift, bool down)

@@ -28,11 +28,12 @@ public:
 private:
     struct Step {
         INPUT input;
-        DWORD rest = 0; // milliseconds
+        DWORD rest; // milliseconds
         std::wstring picture;
     };
     static DWORD WINAPI PlayThread(void* self);
     void PlaySteps();
+    void Add(const INPUT& input);
     void AddKey(unsigned short virtualKey, wchar_t character, DWORD flags);
 
     std::vector<Step> steps_;

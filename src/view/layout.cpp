@@ -101,6 +101,8 @@ void WriteRange(const Grid& grid, const AxisLayout& layout) noexcept
         info.nPage = static_cast<UINT>(std::max(layout.Available - layout.Frozen, 0));
     }
     SetScrollInfo(grid.Window, layout.Axis.Bar, &info, FALSE);
+    if (!layout.BarOn)
+        ShowScrollBar(grid.Window, layout.Axis.Bar, FALSE);
 }
 
 // The length of the window with its bar, which the client area leaves out.

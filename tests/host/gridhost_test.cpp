@@ -209,3 +209,10 @@ TEST_F(GridHost, WritesByReferenceArgumentsBack)
         EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
     }
 }
+
+// Real input: what a person does to the grid, with a field beside it that Tab can go to.
+TEST_F(GridHost, KeysAndTheWheelReachTheGrid)
+{
+    const Outcome outcome = RunScript(L"tour_keys.vbs", L"--field --check-leaks");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}

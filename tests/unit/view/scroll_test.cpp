@@ -73,6 +73,15 @@ TEST_F(Layout, BarsAppearOnlyWhereScrollBarsAllows)
     }
 }
 
+TEST_F(Layout, BarThatIsOffIsHiddenHoweverItCameThere)
+{
+    RecalculateLayout(grid);
+    LONG_PTR style = GetWindowLongPtrW(grid.Window, GWL_STYLE);
+    SetWindowLongPtrW(grid.Window, GWL_STYLE, style | WS_HSCROLL);
+    RecalculateLayout(grid); // with the range that the bar has
+    EXPECT_FALSE(GetWindowLongPtrW(grid.Window, GWL_STYLE) & WS_HSCROLL);
+}
+
 TEST_F(Layout, BarThatCouldMoveNothingGoes)
 {
     Resize(2, 5);
