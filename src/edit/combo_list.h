@@ -1,5 +1,6 @@
 #pragma once
-// The drop-down editor, as the cell editor drives it.
+// A drop-down list as an object: parsed from its text, with its columns measured. Each column of the grid
+// embeds one, so that stored keys show as their texts; the drop-down editor has one with a window.
 
 #include "core/grid_object.h"
 
@@ -8,15 +9,18 @@ enum ComboBit : uint8_t {
     ComboBoldKeyColumn = 1,
     ComboLastKeyWasBackspace = 2, // nothing sets it: masks of drop-downs never see a Backspace
     ComboEditableList = 4,
-    ComboChangePending = 8,
-    ComboFreeText = 16, // the text in the box is none of the items
+    ComboChangePending = 8, // a change that ChangeEdit has not told of
+    ComboFreeText = 16,     // the text in the box is none of the items
 };
 
-// Opens the drop-down on the cell being edited. `key` as for StartCellEdit.
-bool OpenComboEditor(Grid& grid, int key);
-// The first step of a commit: takes the list back, with ComboCloseUp, and keeps what the user has chosen.
-void SettleComboEdit(Grid& grid);
-// What the cell stores for the current item when the column's list has keys; null: the text in the box.
-const wchar_t* ComboKeyToStore(const Grid& grid);
-// The notifications of the drop-down, while it is visible.
-void OnComboCommand(Grid& grid, int notification);
+// Replaces what the state holds by a list. With a device context the columns are measured, in its font; with
+// a combo box its items are added. An item for which there is no memory is left out.
+void ParseComboList(ComboListState& state, const wchar_t* text, HDC dc = nullptr, HWND comboBox = nullptr);
+
+// Frees the list, empties that of `comboBox`, and puts the state back to how a new one is.
+void ClearComboList(ComboListState& state, HWND comboBox = nullptr) noexcept;
+
+// The key of an item, null when the list has none for it.
+const wchar_t* ComboKeyOf(const ComboListState& state, int item) noexcept;
+
+#include "edit/combo_editor.h"

@@ -13,5 +13,7 @@ bool ApplyMask(HWND editBox, bool backspace, bool deleteMode);
 // Whether a required position is still open, as ApplyMask left the text. Open positions that need not be
 // filled become spaces.
 bool MaskIsIncomplete(HWND editBox);
+// Whether a mask with any position is compiled.
+bool IsMaskActive();
 // Positions of the compiled mask in front of the first that can be typed in; 0 without a mask.
 int MaskFirstInput();

@@ -2,7 +2,6 @@
 #include "core/events.h"
 #include "shell/members/members.h"
 #include "shell/members/property_setters.h"
-#include "view/mouse_cursor.h"
 
 namespace
 {
@@ -49,7 +48,10 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_MousePointer(MousePointerSettings val
 {
     if (!IsPointer(value))
         return LORV_E_VALUE;
-    SetMousePointer(*this, value);
+    KeepAlive alive(*this);
+    MousePointer = static_cast<int16_t>(value);
+    RefreshMouseCursor(*this);
+    MarkDirtyAndNotify(*this, DISPID_MOUSEPOINTER);
     return S_OK;
 }
 
