@@ -19,8 +19,7 @@ For style = 0 To 14
     Base
     Grid.GridLines = style
     Grid.GridLinesFixed = style
-    Shot Array("none", "flat", "inset", "raised", "flat-horz", "inset-horz", "raised-horz", "skip-horz", _
-        "flat-vert", "inset-vert", "raised-vert", "skip-vert", "explorer", "excel", "data-grid")(style)
+    Shot NameAt("none flat inset raised flat-horz inset-horz raised-horz skip-horz flat-vert inset-vert raised-vert skip-vert explorer excel data-grid", style)
 Next
 Base
 Grid.GridLineWidth = 4
@@ -94,14 +93,14 @@ For style = 0 To 3
     Base
     Grid.SelectionMode = style
     Grid.Select 2, 2, 4, 3
-    Shot Array("free", "by-row", "by-column", "list-box")(style)
+    Shot NameAt("free by-row by-column list-box", style)
 Next
 For style = 0 To 5
     Base
     Grid.FocusRect = style
     Grid.Select 3, 2
     Host.Pump 50
-    Shot "focus-" & Array("none", "light", "heavy", "solid", "raised", "inset")(style)
+    Shot "focus-" & NameAt("none light heavy solid raised inset", style)
 Next
 
 Begin "boxes", "Check boxes, pictures, buttons"
@@ -136,7 +135,7 @@ Begin "frame", "Appearance, headers, frozen cells, wallpaper"
 For style = 0 To 3
     Base
     Grid.Appearance = style
-    Shot "appearance-" & Array("flat", "3d", "3d-light", "themes")(style)
+    Shot "appearance-" & NameAt("flat 3d 3d-light themes", style)
 Next
 Base
 Grid.BorderStyle = lorvBorderNone
@@ -200,15 +199,15 @@ Sub Base
     Grid.FixedRows = 1
     Grid.FixedCols = 1
     For col = 1 To 4
-        Grid.TextMatrix(0, col) = Array("", "Name", "Amount", "City", "Note")(col)
+        Grid.TextMatrix(0, col) = NameAt("- Name Amount City Note", col)
         Grid.ColWidth(col) = 1300
     Next
     Grid.ColWidth(0) = 500
     For row = 1 To 8
         Grid.TextMatrix(row, 0) = row
-        Grid.TextMatrix(row, 1) = Array("", "Ann", "Bob", "Cleo", "Dan", "Eve", "Finn", "Gus", "Hal")(row)
+        Grid.TextMatrix(row, 1) = NameAt("- Ann Bob Cleo Dan Eve Finn Gus Hal", row)
         Grid.TextMatrix(row, 2) = row * 375.25
-        Grid.TextMatrix(row, 3) = Array("", "Oslo", "Rome", "Lima", "Kyiv", "Bern", "Riga", "Doha", "Male")(row)
+        Grid.TextMatrix(row, 3) = NameAt("- Oslo Rome Lima Kyiv Bern Riga Doha Male", row)
     Next
     Grid.Redraw = lorvRDDirect
     Err.Clear
@@ -268,6 +267,12 @@ Sub Shot(name)
     page.WriteLine "<figure><img src=""" & file & """><figcaption>" & name & "</figcaption></figure>"
     shots = shots + 1
 End Sub
+
+Function NameAt(names, index)
+    Dim list
+    list = Split(names)
+    NameAt = list(index)
+End Function
 
 Sub OpenPage
     Dim files, folder

@@ -297,6 +297,7 @@ struct Grid {
     // Painting
     uint32_t PaintMode = 0; // PaintModeBit
     int32_t HoverRow = -1, HoverCol = -1;
+    bool TracksMouse = false; // WM_MOUSELEAVE has been asked for
     DrawingObjects Drawing = {};
     PaintBufferState PaintBuffer = {};
     HPALETTE Palette = nullptr;  // the host's, as last asked for; not owned

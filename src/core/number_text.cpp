@@ -182,8 +182,8 @@ double ReadFraction(const wchar_t*& at)
 double ApplyTail(const wchar_t* at, double value)
 {
     if (*at == L'E' || *at == L'e') {
-        // Zero stays zero, however large the exponent.
-        return value == 0.0 ? value : value * std::pow(10.0, ScanInt(at + 1));
+        // Zero and infinity stay what they are, whatever the exponent.
+        return value == 0.0 || std::isinf(value) ? value : value * std::pow(10.0, ScanInt(at + 1));
     }
     return *at == L'%' ? value / 100.0 : value;
 }

@@ -29,7 +29,6 @@ void ApplyBorderStyle(Grid& grid);
 // The entries of the theme library, asked for by name; without the library everything is drawn classically.
 void LoadThemeLibrary(Grid& grid);
 void UnloadThemeLibrary(Grid& grid);
-void RefreshMouseCursor(Grid& grid);
 // Lets the user drag a row with the mouse; its final position.
 int DragRowWithMouse(Grid& grid, int row);
 

@@ -54,6 +54,25 @@ private:
     HDC dc_;
 };
 
+// A device context of a window's client area.
+class ClientDC
+{
+public:
+    explicit ClientDC(HWND window) noexcept : window_(window), dc_(GetDC(window)) {}
+    ClientDC(const ClientDC&) = delete;
+    ClientDC& operator=(const ClientDC&) = delete;
+    ~ClientDC()
+    {
+        if (dc_)
+            ReleaseDC(window_, dc_);
+    }
+    HDC Get() const noexcept { return dc_; }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
 // Selects an object for the length of a scope. A null object selects nothing.
 class SelectedObject
 {

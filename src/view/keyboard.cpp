@@ -1,7 +1,6 @@
 #include "view/keyboard.h"
 
 #include "core/events.h"
-#include "core/upcalls.h"
 #include "platform/key_state.h"
 #include "view/navigate_key.h"
 
@@ -51,33 +50,10 @@ void DropTypedCharacter(const Grid& grid) noexcept
         PeekMessageW(&typed, grid.Window, WM_CHAR, WM_CHAR, PM_REMOVE);
 }
 
-constexpr struct {
-    int Key;
-    short Modifiers; // as HeldModifiers has them; others besides make it another key
-    ClipboardCommand Command;
-} clipboardKeys[] = {
-    {'C', 2, ClipboardCommand::Copy},         {VK_INSERT, 2, ClipboardCommand::Copy},
-    {'X', 2, ClipboardCommand::Cut},          {VK_DELETE, 1, ClipboardCommand::Cut},
-    {'V', 2, ClipboardCommand::Paste},        {VK_INSERT, 1, ClipboardCommand::Paste},
-    {VK_DELETE, 0, ClipboardCommand::Delete},
-};
-
-// In a grid that cannot be edited a cut copies, and nothing else changes a cell.
-void RunForUser(Grid& grid, ClipboardCommand command)
-{
-    bool editable = grid.Editable != 0;
-    if (command == ClipboardCommand::Cut && !editable)
-        command = ClipboardCommand::Copy;
-    if (editable || command == ClipboardCommand::Copy)
-        RunClipboardCommand(grid, command);
-}
-
 void RunClipboardKey(Grid& grid, int key)
 {
-    short held = HeldModifiers();
-    for (const auto& entry : clipboardKeys)
-        if (entry.Key == key && entry.Modifiers == held)
-            return RunForUser(grid, entry.Command);
+    if (auto command = ClipboardCommandOf(key, HeldModifiers(), grid.Editable != 0))
+        RunClipboardCommand(grid, *command);
 }
 
 // The list that Alt+Down is about to open: the column's, or else the one that the handlers of BeforeEdit have
@@ -104,6 +80,29 @@ void StartEditByTyping(Grid& grid, int character)
         StartCellEdit(grid, character);
 }
 } // namespace
+
+// In a grid that cannot be edited a cut copies, and nothing else changes a cell.
+std::optional<ClipboardCommand> ClipboardCommandOf(int key, short modifiers, bool editable) noexcept
+{
+    constexpr struct {
+        int Key;
+        short Modifiers;
+        ClipboardCommand Editable;
+        std::optional<ClipboardCommand> ReadOnly;
+    } keys[] = {
+        {'C', 2, ClipboardCommand::Copy, ClipboardCommand::Copy},
+        {VK_INSERT, 2, ClipboardCommand::Copy, ClipboardCommand::Copy},
+        {'X', 2, ClipboardCommand::Cut, ClipboardCommand::Copy},
+        {VK_DELETE, 1, ClipboardCommand::Cut, ClipboardCommand::Copy},
+        {'V', 2, ClipboardCommand::Paste, {}},
+        {VK_INSERT, 1, ClipboardCommand::Paste, {}},
+        {VK_DELETE, 0, ClipboardCommand::Delete, {}},
+    };
+    for (const auto& entry : keys)
+        if (entry.Key == key && entry.Modifiers == modifiers)
+            return editable ? entry.Editable : entry.ReadOnly;
+    return {};
+}
 
 bool OnKeyDown(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT&)
 {

@@ -101,3 +101,9 @@ RECT CellRect(Grid& grid, int row, int col)
 {
     return CellRectIn(grid, row, col, ClientRectOf(grid));
 }
+
+RECT CellPixelRect(Grid& grid, int row, int col)
+{
+    int left = ColX(grid, col), top = RowY(grid, row);
+    return {left, top, left + EffectiveColWidth(grid, col), top + EffectiveRowHeight(grid, row)};
+}

@@ -11,3 +11,5 @@ RECT ClientRectOf(const Grid& grid) noexcept;
 bool IsLastVisibleCol(const Grid& grid, int col) noexcept;
 // As CellRect, with `client` in the place of the window's client rectangle.
 RECT CellRectIn(Grid& grid, int row, int col, const RECT& client);
+// The rectangle of the cell alone, whatever it is merged with and wherever the last column is stretched to.
+RECT CellPixelRect(Grid& grid, int row, int col);

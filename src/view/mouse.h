@@ -20,7 +20,12 @@ bool OnSetCursor(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result);    
 // Another window takes the mouse: the drag is over.
 bool OnCaptureChanged(Grid& grid, WPARAM wParam, LPARAM lParam, LRESULT& result); // WM_CAPTURECHANGED
 
-// Stops the timer of a drag over cells, if it is this grid's. For WM_KILLFOCUS and WM_DESTROY.
+// What a move of the mouse comes to, or a tick of the timer while a drag rests: looks for the zone that the
+// pointer is in, asking BeforeUserResize, and moves on a drag over cells.
+void UpdateMouseZone(Grid& grid, POINT point);
+
+// Stops the timer of a drag over cells, if it is this grid's.
 void StopDragTimer(Grid& grid);
-// Ends a press that holds the mouse, its timer too; true when one did. For WM_CANCELMODE and WM_KILLFOCUS.
+// Ends a press that holds the mouse, its timer too; true when one did. For WM_CANCELMODE, WM_KILLFOCUS and
+// WM_DESTROY.
 bool DropMouseDrag(Grid& grid);

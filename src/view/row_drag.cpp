@@ -1,6 +1,10 @@
 #include "core/upcalls.h"
+#include "view/header_press.h"
 
-int DragRowWithMouse(Grid&, int row)
+int DragRowWithMouse(Grid& grid, int row)
 {
-    return row;
+    POINT point = {};
+    if (!grid.Window || !GetCursorPos(&point) || !ScreenToClient(grid.Window, &point))
+        return row;
+    return TrackRowMove(grid, point, row);
 }

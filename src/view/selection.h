@@ -35,6 +35,8 @@ void ReportListChange(Grid& grid, bool changed);
 // nothing is highlighted. Merged ranges that reach out of the selection have the whole scrolled area
 // repainted.
 RECT SelectionPixelRect(Grid& grid, bool force);
+// That of the whole selection, without any repaint.
+RECT SelectionOuterRect(Grid& grid);
 // The band between two rectangles that share three edges; false when they do not.
 bool RectDifference(RECT& band, const RECT& a, const RECT& b) noexcept;
 // Repaints the fixed cells, where those of the selection look different.

@@ -49,10 +49,8 @@ void RepaintScrollableArea(Grid& grid)
 }
 } // namespace
 
-RECT SelectionPixelRect(Grid& grid, bool force)
+RECT SelectionOuterRect(Grid& grid)
 {
-    if (!force && grid.HighLight == lorvHighlightNever)
-        return CellRect(grid, grid.Row, grid.Col);
     CellRange range = SelectionRange(grid);
     RECT first = CellRect(grid, range.Row1, range.Col1), last = CellRect(grid, range.Row2, range.Col2);
     bool mirrored = HasOption(grid, OptionRightToLeft);
@@ -60,6 +58,15 @@ RECT SelectionPixelRect(Grid& grid, bool force)
                  last.bottom};
     area.right = std::min<LONG>(area.right, MaxPixels);
     area.bottom = std::min<LONG>(area.bottom, MaxPixels);
+    return area;
+}
+
+RECT SelectionPixelRect(Grid& grid, bool force)
+{
+    if (!force && grid.HighLight == lorvHighlightNever)
+        return CellRect(grid, grid.Row, grid.Col);
+    CellRange range = SelectionRange(grid);
+    RECT area = SelectionOuterRect(grid);
     if (MergesAtAll(grid) && !range.IsSingleCell() && MergesOutward(grid, range))
         RepaintScrollableArea(grid);
     return area;

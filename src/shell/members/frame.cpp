@@ -2,6 +2,7 @@
 #include "core/events.h"
 #include "shell/members/members.h"
 #include "shell/members/property_setters.h"
+#include "view/mouse_cursor.h"
 
 namespace
 {
@@ -48,10 +49,7 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_MousePointer(MousePointerSettings val
 {
     if (!IsPointer(value))
         return LORV_E_VALUE;
-    KeepAlive alive(*this);
-    MousePointer = static_cast<int16_t>(value);
-    RefreshMouseCursor(*this);
-    MarkDirtyAndNotify(*this, DISPID_MOUSEPOINTER);
+    SetMousePointer(*this, value);
     return S_OK;
 }
 

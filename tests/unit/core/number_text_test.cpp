@@ -276,6 +276,8 @@ TEST(ParseNumberText, ExponentOrPercentEndsTheNumber)
                                      {L"1e-999999999999", 0.0},
                                  });
     EXPECT_TRUE(std::isinf(ParseNumberText(AmericanLocale(), L"1e400")));
+    std::wstring digits(400, L'1');
+    EXPECT_TRUE(std::isinf(ParseNumberText(AmericanLocale(), (digits + L"e-400").c_str()))) << "not NaN";
 }
 
 TEST(ParseNumberText, LongDigitRunsKeepTheirValue)
