@@ -3,6 +3,7 @@
 #include "core/text_scan.h"
 
 #include <cmath>
+#include <cstdint>
 
 namespace
 {
@@ -193,6 +194,32 @@ double ApplyTail(const wchar_t* at, double value)
 bool IsNumericText(const LocaleInfo& locale, const wchar_t* text)
 {
     return text && NumberRecogniser(locale).Accepts(text);
+}
+
+bool ParsePlainDecimal(wchar_t decimal, const wchar_t* text, double* value)
+{
+    // Up to here both the digits and the power of ten are doubles without an error, and so is rounded once.
+    constexpr int MostDigits = 15;
+    static constexpr double powersOfTen[MostDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool negative = *text == L'-';
+    const wchar_t* at = negative ? text + 1 : text;
+    int64_t digits = 0;
+    int count = 0, decimals = 0;
+    for (; IsDigit(*at) && count <= MostDigits; ++at, ++count)
+        digits = digits * 10 + (*at - L'0');
+    if (count > 0 && *at && *at == decimal) {
+        for (++at; IsDigit(*at) && count <= MostDigits; ++at, ++count, ++decimals)
+            digits = digits * 10 + (*at - L'0');
+        if (decimals == 0)
+            return false;
+    }
+    // A negative zero is left to the platform.
+    if (*at || count == 0 || count > MostDigits || (negative && digits == 0))
+        return false;
+    const double magnitude = static_cast<double>(digits) / powersOfTen[decimals];
+    *value = negative ? -magnitude : magnitude;
+    return true;
 }
 
 double ParseNumberText(const LocaleInfo& locale, const wchar_t* text)

@@ -6,6 +6,7 @@
 #include "core/sort_keys.h"
 #include "core/sort_text.h"
 #include "core/upcalls.h"
+#include "platform/memory.h"
 
 #include <algorithm>
 #include <utility>
@@ -206,6 +207,27 @@ void MakeKeys(SortContext& context) noexcept
         MakeCollationKeys(context.Keys, grid, context.First, context.Last, col, flags);
 }
 
+// With keys nobody sees the comparisons, and ties keep the present order, so that there is one result: any
+// algorithm may find it. False without keys or memory, and then nothing was moved.
+bool ReorderByKeys(SortContext& context) noexcept
+{
+    if (!context.Keys.OriginalIndex)
+        return false;
+    int count = context.Last - context.First + 1;
+    int direction = DirectionOf(context.Keys.Numbers ? context.Order : ModeOf(context, context.FirstCol));
+    int* places = OrderByKeys(context.Keys, count, direction);
+    auto* moved = static_cast<RowRecord*>(places ? AllocateZeroed(count, sizeof(RowRecord)) : nullptr);
+    if (moved) {
+        RowRecord* rows = context.Sorted.RowTable + context.First;
+        for (int place = 0; place < count; ++place)
+            moved[place] = rows[places[place]];
+        std::copy_n(moved, count, rows);
+    }
+    FreeBlock(places);
+    FreeBlock(moved);
+    return moved != nullptr;
+}
+
 bool IsSorted(SortContext& context)
 {
     for (int row = context.First; row < context.Last; ++row)
@@ -231,6 +253,8 @@ HRESULT SortRun(Grid& grid, int order, int first, int last, int col1, int col2)
         return LORV_E_VALUE;
     MarkMergeStale(grid);
     MakeOriginalIndex(context.Keys, first, last);
+    if (ReorderByKeys(context))
+        return S_OK;
     return RowSorter(context).Sort(first, last) ? S_OK : LORV_E_VALUE;
 }
 

@@ -163,3 +163,60 @@ int CompareCollationKeys(const RowKeys& keys, int a, int b) noexcept
     int order = shared ? std::memcmp(keys.Arena + x.Offset, keys.Arena + y.Offset, shared) : 0;
     return order ? order : static_cast<int>(x.Length > y.Length) - static_cast<int>(x.Length < y.Length);
 }
+
+namespace
+{
+// What the sort moves in place of rows: the part of the key that settles most comparisons.
+template<class Key> struct KeyedPlace {
+    Key Value;
+    int Place;
+};
+
+template<class Key, class Before>
+int* SortPlaces(int count, Key KeyAt(const RowKeys&, int), const RowKeys& keys, Before before) noexcept
+{
+    auto* entries = static_cast<KeyedPlace<Key>*>(AllocateZeroed(count, sizeof(KeyedPlace<Key>)));
+    auto* places = static_cast<int*>(AllocateZeroed(count, sizeof(int)));
+    if (entries && places) {
+        for (int place = 0; place < count; ++place)
+            entries[place] = {KeyAt(keys, place), place};
+        std::sort(entries, entries + count, before);
+        for (int place = 0; place < count; ++place)
+            places[place] = entries[place].Place;
+    } else {
+        FreeAndClear(places);
+    }
+    FreeBlock(entries);
+    return places;
+}
+
+double NumberAt(const RowKeys& keys, int place)
+{
+    return keys.Numbers[place];
+}
+uint64_t PrefixAt(const RowKeys& keys, int place)
+{
+    return keys.Texts[place].Prefix;
+}
+} // namespace
+
+int* OrderByKeys(const RowKeys& keys, int count, int direction) noexcept
+{
+    if (keys.Numbers) {
+        auto before = [direction](const KeyedPlace<double>& a, const KeyedPlace<double>& b) {
+            if (a.Value != b.Value)
+                return (a.Value < b.Value) == (direction > 0);
+            return a.Place < b.Place;
+        };
+        return SortPlaces<double>(count, NumberAt, keys, before);
+    }
+    if (!keys.Texts)
+        return nullptr;
+    auto before = [&keys, direction](const KeyedPlace<uint64_t>& a, const KeyedPlace<uint64_t>& b) {
+        if (a.Value != b.Value)
+            return (a.Value < b.Value) == (direction > 0);
+        int order = CompareCollationKeys(keys, a.Place, b.Place);
+        return order != 0 ? (order < 0) == (direction > 0) : a.Place < b.Place;
+    };
+    return SortPlaces<uint64_t>(count, PrefixAt, keys, before);
+}

@@ -37,3 +37,8 @@ void MakeNumberKeys(RowKeys& keys, Grid& grid, int first, int last, int col, boo
 void MakeCollationKeys(RowKeys& keys, Grid& grid, int first, int last, int col, DWORD flags) noexcept;
 
 int CompareCollationKeys(const RowKeys& keys, int a, int b) noexcept;
+
+// The places of `count` rows (counted from the first of the run) in the order of their number or text keys,
+// the present order between equal ones; `direction` is 1 or -1. Null without keys or memory. The caller frees
+// it with FreeBlock.
+int* OrderByKeys(const RowKeys& keys, int count, int direction) noexcept;

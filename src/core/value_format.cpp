@@ -283,7 +283,9 @@ double TextToDouble(const wchar_t* text) noexcept
     if (!text)
         return 0.0;
     double value = 0.0;
-    if (TheLocale().PlatformIsNT && PlatformNumber(text, &value))
+    // Most numbers need no platform: a copy and a conversion cost many times the reading itself.
+    if (TheLocale().PlatformIsNT &&
+        (ParsePlainDecimal(TheLocale().DecimalChar, text, &value) || PlatformNumber(text, &value)))
         return value;
     return ParseNumberText(TheLocale(), text);
 }

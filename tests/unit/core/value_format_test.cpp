@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -323,6 +324,47 @@ TEST(LocaleTextToDouble, ReadsLocaleNumbersAndPercent)
     for (const auto& row : rows)
         EXPECT_DOUBLE_EQ(TextToDouble(row.Text.c_str()), row.Value) << Show(row.Text.c_str());
     EXPECT_EQ(TextToDouble(nullptr), 0.0);
+}
+
+TEST(LocaleTextToDouble, ReadsShortNumbersAsThePlatformDoes)
+{
+    std::mt19937 random(11);
+    for (int i = 0; i < 20000; ++i) {
+        std::wstring text = random() % 3 ? L"" : L"-";
+        for (unsigned digits = 1 + random() % 8; digits > 0; --digits)
+            text += static_cast<wchar_t>(L'0' + random() % 10);
+        if (unsigned decimals = random() % 10) {
+            text += TheLocale().DecimalChar;
+            for (; decimals > 0; --decimals)
+                text += static_cast<wchar_t>(L'0' + random() % 10);
+        }
+        double expected = 0.0;
+        ASSERT_EQ(VarR8FromStr(text.data(), LOCALE_USER_DEFAULT, 0, &expected), S_OK);
+        ASSERT_EQ(TextToDouble(text.c_str()), expected) << std::string(text.begin(), text.end());
+    }
+}
+
+TEST(PlainDecimal, IsNothingButAShortNumber)
+{
+    const struct {
+        const wchar_t* Text;
+        bool Plain;
+        double Value;
+    } cases[] = {{L"0", true, 0.0},    {L"7", true, 7.0},      {L"-12.5", true, -12.5},
+                 {L"007", true, 7.0},  {L"0.001", true, 1e-3}, {L"123456789012345", true, 123456789012345.0},
+                 {L"", false, 0},      {L"-", false, 0},       {L".5", false, 0},
+                 {L"5.", false, 0},    {L"-0", false, 0},      {L"1e3", false, 0},
+                 {L" 1", false, 0},    {L"1 ", false, 0},      {L"+1", false, 0},
+                 {L"1,000", false, 0}, {L"1.2.3", false, 0},   {L"1234567890123456", false, 0},
+                 {L"5%", false, 0},    {L"(5)", false, 0},     {L"1.234567890123456", false, 0}};
+    for (const auto& c : cases) {
+        double value = 0.0;
+        EXPECT_EQ(ParsePlainDecimal(L'.', c.Text, &value), c.Plain)
+            << std::string(c.Text, c.Text + wcslen(c.Text));
+        if (c.Plain) {
+            EXPECT_EQ(value, c.Value);
+        }
+    }
 }
 
 TEST(TextToDouble, LeavesTheTextAlone)
