@@ -70,8 +70,8 @@ protected:
     {
         events_.On.clear();
         events_.OnAny = nullptr;
-        if (grid_)
-            Point(DIID__ILorvGridEvents)->Unadvise(cookie_);
+        if (DWORD cookie = std::exchange(cookie_, 0); cookie && grid_)
+            Point(DIID__ILorvGridEvents)->Unadvise(cookie);
         HostedControl::TearDown();
         Pump(); // nothing of this test reaches the next one
     }
