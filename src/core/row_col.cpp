@@ -83,21 +83,25 @@ void ShrinkRows(Grid& grid, int count) noexcept
         FreeBlock(dead.Cells);
         FreeHeapVariant(dead.RowData);
     }
-    if (int capacity = CapacityFor(grid.Rows); capacity != grid.RowCapacity)
-        SetRowCapacity(grid, capacity); // a failure leaves the larger table, which does no harm
+    TrimRows(grid);
+}
+
+bool EnsureRowCapacity(Grid& grid, int count) noexcept
+{
+    int capacity = CapacityFor(count);
+    if (capacity >= 0 && capacity <= grid.RowCapacity)
+        return true;
+    if (capacity < 0 || !SetRowCapacity(grid, capacity))
+        return false;
+    for (int row = grid.Rows; row < capacity; ++row)
+        InitializeRow(grid.RowTable[row]);
+    return true;
 }
 
 HRESULT GrowRows(Grid& grid, int count) noexcept
 {
-    int capacity = CapacityFor(count);
-    if (capacity < 0)
+    if (!EnsureRowCapacity(grid, count))
         return LORV_E_MEMORY;
-    if (capacity > grid.RowCapacity) {
-        if (!SetRowCapacity(grid, capacity))
-            return LORV_E_MEMORY;
-        for (int row = grid.Rows; row < capacity; ++row)
-            InitializeRow(grid.RowTable[row]);
-    }
     grid.Rows = count;
     return S_OK;
 }
@@ -131,6 +135,17 @@ void BringCurrentRowInside(Grid& grid, int oldCount)
     MoveToRow(grid, oldCount == grid.FixedRows ? grid.FixedRows : count - 1);
 }
 } // namespace
+
+void ReserveRows(Grid& grid, int count) noexcept
+{
+    EnsureRowCapacity(grid, count);
+}
+
+void TrimRows(Grid& grid) noexcept
+{
+    if (int capacity = CapacityFor(grid.Rows); capacity != grid.RowCapacity)
+        SetRowCapacity(grid, capacity); // a failure leaves the larger table, which does no harm
+}
 
 HRESULT ResizeRows(Grid& grid, int count)
 {

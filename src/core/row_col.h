@@ -10,6 +10,11 @@ HRESULT ResizeCols(Grid& grid, int count);
 // Shrinks first, then grows.
 HRESULT ResizeBoth(Grid& grid, int rows, int cols);
 
+// For a caller that adds rows one after the other: makes room ahead for `count` rows, if there is memory, and
+// in the end gives back what is not used.
+void ReserveRows(Grid& grid, int count) noexcept;
+void TrimRows(Grid& grid) noexcept;
+
 // Sets the counts that are not negative; a frozen count that does not fit becomes 0.
 void SetFixedCounts(Grid& grid, int fixedRows, int fixedCols, int frozenRows, int frozenCols);
 

@@ -9,7 +9,7 @@
 #include <string>
 
 // The members over a grid on the stack, without a control around them.
-class MemberGrid final : public GridMembers
+class MemberGrid : public GridMembers
 {
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override

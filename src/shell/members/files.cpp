@@ -1,19 +1,33 @@
 // Members of the grid: files, archives and loading from a URL.
+#include "core/events.h"
+#include "core/property_frame.h"
+#include "files/load_save.h"
 #include "shell/members/members.h"
+#include "shell/safety.h"
 
 static HRESULT NotBuilt()
 {
     return E_NOTIMPL;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::SaveGrid(BSTR, SaveLoadSettings, VARIANT)
+HRESULT STDMETHODCALLTYPE GridMembers::SaveGrid(BSTR fileName, SaveLoadSettings saveWhat, VARIANT options)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    if (static_cast<unsigned>(saveWhat) > LastFileKind)
+        return LORV_E_VALUE;
+    if (IsSafetyLocked(*this))
+        return ReportError(*this, LORV_E_SAFETY);
+    return SaveGridFile(*this, fileName, saveWhat, options);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::LoadGrid(BSTR, SaveLoadSettings, VARIANT)
+HRESULT STDMETHODCALLTYPE GridMembers::LoadGrid(BSTR fileName, SaveLoadSettings loadWhat, VARIANT options)
 {
-    return NotBuilt();
+    KeepAlive alive(*this);
+    if (HRESULT guard = GuardLoad(*this, loadWhat); FAILED(guard))
+        return guard;
+    if (IsSafetyLocked(*this))
+        return ReportError(*this, LORV_E_SAFETY);
+    return LoadGridFile(*this, fileName, loadWhat, options);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::Archive(BSTR, BSTR, ArchiveSettings)

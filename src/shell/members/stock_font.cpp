@@ -1,31 +1,13 @@
 // Members of the grid: the stock font. All of them read and write the one font object of the grid, and each
 // change is a change of Font.
 #include "core/events.h"
+#include "core/grid_font.h"
 #include "platform/com_ptr.h"
 #include "shell/members/members.h"
 #include "shell/members/property_setters.h"
 
 namespace
 {
-struct FontFlagProperty {
-    HRESULT (STDMETHODCALLTYPE IFont::*Get)(BOOL*);
-    HRESULT (STDMETHODCALLTYPE IFont::*Set)(BOOL);
-};
-constexpr FontFlagProperty fontBold = {&IFont::get_Bold, &IFont::put_Bold};
-constexpr FontFlagProperty fontItalic = {&IFont::get_Italic, &IFont::put_Italic};
-constexpr FontFlagProperty fontStrikethru = {&IFont::get_Strikethrough, &IFont::put_Strikethrough};
-constexpr FontFlagProperty fontUnderline = {&IFont::get_Underline, &IFont::put_Underline};
-
-// Sinks hear of the change before the rows are measured anew.
-HRESULT FinishFontChange(Grid& grid)
-{
-    KeepAlive alive(grid);
-    grid.FontHandle = nullptr;
-    MarkDirtyAndNotify(grid, DISPID_FONT);
-    FontChanged(grid);
-    return S_OK;
-}
-
 HRESULT GetFontFlag(Grid& grid, const FontFlagProperty& property, VARIANT_BOOL* result)
 {
     if (HRESULT guard = GuardRunTime(grid, result); FAILED(guard))
@@ -36,21 +18,6 @@ HRESULT GetFontFlag(Grid& grid, const FontFlagProperty& property, VARIANT_BOOL* 
     BOOL on = FALSE;
     HRESULT read = (font.Get()->*property.Get)(&on);
     return SUCCEEDED(read) ? ReturnFlag(result, on != FALSE) : read;
-}
-
-// A font refuses what it cannot be; then nothing has changed.
-template<class Change> HRESULT ChangeFont(Grid& grid, Change change)
-{
-    ComPtr<IFont> font(GridFont(grid));
-    if (!font)
-        return E_OUTOFMEMORY;
-    HRESULT changed = change(*font.Get());
-    return SUCCEEDED(changed) ? FinishFontChange(grid) : changed;
-}
-
-HRESULT SetFontFlag(Grid& grid, const FontFlagProperty& property, VARIANT_BOOL value)
-{
-    return ChangeFont(grid, [&](IFont& font) { return (font.*property.Set)(value != VARIANT_FALSE); });
 }
 
 // No font at all means the default one, which is made when it is needed.
@@ -93,14 +60,9 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_FontName(BSTR* result)
     return font ? font->get_Name(result) : E_OUTOFMEMORY;
 }
 
-// The only one of the font's setters that a form designer may not use.
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontName(BSTR value)
 {
-    if (IsDesignMode(*this))
-        return LORV_E_DESIGNMODE;
-    if (!value)
-        return LORV_E_VALUE;
-    return ChangeFont(*this, [&](IFont& font) { return font.put_Name(value); });
+    return SetFontName(*this, value);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontSize(FLOAT* result)
@@ -117,50 +79,47 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_FontSize(FLOAT* result)
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontSize(FLOAT value)
 {
-    CY size = {};
-    if (!(value > -1e6f && value < 1e6f) || FAILED(VarCyFromR4(value, &size)))
-        return LORV_E_VALUE;
-    return ChangeFont(*this, [&](IFont& font) { return font.put_Size(size); });
+    return SetFontSize(*this, value);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontBold(VARIANT_BOOL* result)
 {
-    return GetFontFlag(*this, fontBold, result);
+    return GetFontFlag(*this, ::FontBold, result);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontBold(VARIANT_BOOL value)
 {
-    return SetFontFlag(*this, fontBold, value);
+    return SetFontFlag(*this, ::FontBold, value != VARIANT_FALSE);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontItalic(VARIANT_BOOL* result)
 {
-    return GetFontFlag(*this, fontItalic, result);
+    return GetFontFlag(*this, ::FontItalic, result);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontItalic(VARIANT_BOOL value)
 {
-    return SetFontFlag(*this, fontItalic, value);
+    return SetFontFlag(*this, ::FontItalic, value != VARIANT_FALSE);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontStrikethru(VARIANT_BOOL* result)
 {
-    return GetFontFlag(*this, fontStrikethru, result);
+    return GetFontFlag(*this, ::FontStrikethru, result);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontStrikethru(VARIANT_BOOL value)
 {
-    return SetFontFlag(*this, fontStrikethru, value);
+    return SetFontFlag(*this, ::FontStrikethru, value != VARIANT_FALSE);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontUnderline(VARIANT_BOOL* result)
 {
-    return GetFontFlag(*this, fontUnderline, result);
+    return GetFontFlag(*this, ::FontUnderline, result);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontUnderline(VARIANT_BOOL value)
 {
-    return SetFontFlag(*this, fontUnderline, value);
+    return SetFontFlag(*this, ::FontUnderline, value != VARIANT_FALSE);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_FontWidth(FLOAT* result)
@@ -168,10 +127,8 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_FontWidth(FLOAT* result)
     return ReturnAtRunTime(*this, result, FontWidth);
 }
 
-// Neither marks the grid nor notifies, unlike its neighbours: hosts rely on the silence.
 HRESULT STDMETHODCALLTYPE GridMembers::put_FontWidth(FLOAT value)
 {
-    FontWidth = value;
-    RunSetterSteps(*this, StepLayout | StepRepaint);
+    SetFontWidth(*this, value);
     return S_OK;
 }

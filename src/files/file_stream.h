@@ -1,0 +1,41 @@
+#pragma once
+
+#include "files/byte_stream.h"
+
+#include <windows.h>
+
+// A file on disk, open for reading. A device is none: it could go on for ever.
+class FileReader final : public ByteReader
+{
+public:
+    explicit FileReader(const wchar_t* name) noexcept;
+    FileReader(const FileReader&) = delete;
+    FileReader& operator=(const FileReader&) = delete;
+    ~FileReader();
+
+    bool IsOpen() const noexcept { return file_ != INVALID_HANDLE_VALUE; }
+    size_t Read(void* buffer, size_t size) noexcept override;
+    bool Seek(uint64_t position) noexcept override;
+    uint64_t Position() const noexcept override { return position_; }
+    uint64_t Size() const noexcept override;
+
+private:
+    HANDLE file_;
+    uint64_t position_ = 0;
+};
+
+// A new file, or an old one emptied.
+class FileWriter final : public ByteWriter
+{
+public:
+    explicit FileWriter(const wchar_t* name) noexcept;
+    FileWriter(const FileWriter&) = delete;
+    FileWriter& operator=(const FileWriter&) = delete;
+    ~FileWriter();
+
+    bool IsOpen() const noexcept { return file_ != INVALID_HANDLE_VALUE; }
+    bool Write(const void* bytes, size_t size) noexcept override;
+
+private:
+    HANDLE file_;
+};
