@@ -321,6 +321,7 @@ struct Grid {
     // The editors' windows. After an edit they stay, hidden, until the next one.
     HWND EditBoxWindow = nullptr;
     bool LastKeyWasBackspace = false;
+    bool LineBreakTyped = false; // Ctrl+Enter has made a line break: its character is to make none
     HWND ComboWindow = nullptr;
     HWND ComboEditBox = nullptr;    // the edit box in the drop-down, null when only its items can be chosen
     ComboListState EditorList = {}; // the items of the drop-down

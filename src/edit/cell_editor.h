@@ -2,6 +2,7 @@
 // Editing in place: the state machine of an edit. What the rest of the control calls is in core/upcalls.h;
 // here is what the editors share.
 
+#include "core/cell_pos.h"
 #include "core/events.h"
 #include "core/grid_object.h"
 #include "core/upcalls.h"
@@ -34,7 +35,19 @@ struct EditGuards {
 };
 EditGuards& TheEditGuards() noexcept;
 
-// The mask of the cell being edited: the grid's, or else the column's. Compiles it; the number of positions.
+// Asks BeforeEdit and StartEdit for the current cell; a handler may move it, and what it left is then the
+// cell being edited. False when one cancels or there is no such cell any more.
+bool AskToEdit(Grid& grid);
+// The row of an edit that was stored counts as modified, unless the host has given it a status of its own.
+void MarkRowModified(Grid& grid, int row) noexcept;
+// The merged range of a cell by links that are up to date.
+CellRange CurrentMergedRange(Grid& grid, int row, int col);
+// Posts a message to the grid's window unless one is queued.
+void PostOnce(const Grid& grid, UINT message, WPARAM wParam) noexcept;
+
+// The mask of the cell being edited: the grid's, or else the column's; null or empty for none.
+wchar_t* MaskOfCell(const Grid& grid) noexcept;
+// Compiles it; the number of its positions.
 int CompileCellMask(Grid& grid);
 // The mask pass of an edit box, with ChangeEdit after it, unless one is under way. Compiles nothing. Without
 // a mask only the event fires.

@@ -1,6 +1,7 @@
 #include "view/editor_place.h"
 
 #include "core/upcalls.h"
+#include "platform/window_text.h"
 #include "view/metrics.h"
 #include "view/scroll.h"
 
@@ -54,7 +55,7 @@ RECT InsideGridLines(const Grid& grid, const RECT& cell) noexcept
 void PlaceEditorWindow(Grid& grid)
 {
     HWND editor = OpenEditorWindow(grid);
-    if (!editor || !IsWindowVisible(editor))
+    if (!IsShown(editor))
         return;
     RECT area = EditorRect(grid);
     if (EqualRect(&area, &grid.EditRect))
