@@ -160,6 +160,38 @@ bool MakeLongOfDouble(WORD flags, DISPPARAMS* parameters) noexcept
     return value.vt == VT_R8 && SUCCEEDED(VariantChangeType(&value, &value, 0, VT_I4));
 }
 
+// Getters that can answer with an object, and the arguments that they take.
+constexpr struct {
+    DISPID Dispid;
+    UINT Arguments;
+} objectGetters[] = {{DISPID_FONT, 0},
+                     {DISPID_MOUSEICON, 0},
+                     {DISPID_PICTURE, 0},
+                     {49, 0},
+                     {177, 0},
+                     {193, 0},
+                     {196, 0},
+                     {197, 0},
+                     {201, 0},
+                     {220, 0},
+                     {221, 0},
+                     {126, 1},
+                     {127, 1},
+                     {158, 5},
+                     {205, 1}};
+
+// Arguments beyond a getter's own are for the default member of the object that it gives. Wine calls that
+// member whether there is an object or not.
+bool ReachesThroughAnObject(DISPID dispid, WORD flags, const DISPPARAMS* parameters) noexcept
+{
+    if (!parameters || parameters->cArgs == 0 || (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)))
+        return false;
+    for (auto [getter, arguments] : objectGetters)
+        if (getter == dispid)
+            return parameters->cArgs > arguments;
+    return false;
+}
+
 // Before a second try the texts of the first failure are given back.
 void ClearException(HRESULT outcome, EXCEPINFO* exception) noexcept
 {
@@ -174,6 +206,8 @@ void ClearException(HRESULT outcome, EXCEPINFO* exception) noexcept
 HRESULT CLorvArrayCtrl::Invoke(DISPID dispid, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                VARIANT* result, EXCEPINFO* exception, UINT* badArgument)
 {
+    if (ReachesThroughAnObject(dispid, flags, parameters))
+        return DISP_E_BADPARAMCOUNT;
     KeepAlive alive(*this);
     ComPtr<ITypeInfo> info;
     if (HRESULT found = GetOwnTypeInfo(IID_ILorvGrid, info.Put()); FAILED(found))

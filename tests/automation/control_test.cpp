@@ -1,5 +1,6 @@
 // The control as any client meets it: its identity, its factory, its sinks, its registration.
 
+#include "automation/random_calls.h"
 #include "support/contract.h"
 #include "support/control_fixture.h"
 
@@ -290,6 +291,30 @@ TEST_F(ControlInvoke, AFailedDoubleIsLeftAsALong)
     EXPECT_TRUE(FAILED(Put(7, value)));
     EXPECT_EQ(VT_I4, value.vt);
     EXPECT_EQ(-3, value.lVal);
+}
+
+// Some systems would call the default member of an object that is not there.
+TEST_F(ControlInvoke, MembersThatGiveObjectsTakeNoMoreThanTheirOwnArguments)
+{
+    ComPtr<ITypeInfo> info;
+    ASSERT_EQ(S_OK, grid_->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.Put()));
+    int tested = 0;
+    for (const CallableMember& member : MembersOf(info.Get())) {
+        bool givesObject = member.Result == VT_DISPATCH || member.Result == VT_VARIANT;
+        if (!givesObject || (member.Kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) ||
+            member.Name == L"ArchiveInfo")
+            continue;
+        VARIANT arguments[16] = {};
+        for (VARIANT& argument : arguments)
+            argument.vt = VT_I4;
+        DISPPARAMS parameters = {arguments, nullptr, static_cast<UINT>(member.Parameters.size()) + 1, 0};
+        OwnedVariant result;
+        EXPECT_EQ(DISP_E_BADPARAMCOUNT, grid_->Invoke(member.Id, IID_NULL, LOCALE_USER_DEFAULT, member.Kind,
+                                                      &parameters, &result.Get(), nullptr, nullptr))
+            << std::string(member.Name.begin(), member.Name.end());
+        ++tested;
+    }
+    EXPECT_EQ(16, tested);
 }
 
 TEST_F(ControlInvoke, UnsignedResultsAreHandedOutSigned)
