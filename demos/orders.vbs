@@ -1,4 +1,5 @@
-' The main demo: a list of orders from a data file, with headers, frozen columns and colours.
+' The main demo: a list of orders from a data file, with headers, frozen columns and colours. Headers sort and
+' move their columns, typing searches, edges resize and freeze, tips show what is cut off.
 Option Explicit
 
 Const forReading = 1
@@ -20,6 +21,7 @@ FillOrders orders
 Dress
 SortOrders
 MergeRegions
+TakeGestures
 Host.Title = "Orders: " & UBound(orders) & " rows; " & Found("Rosa", "Jürgen Castaño")
 If missing > 0 Then Host.Echo "members not built yet:", missing
 
@@ -111,6 +113,36 @@ Sub MergeRegions
     Grid.MergeCells = 100 + 10 * lorvMergeSpill + lorvMergeFree : Tally
     Grid.MergeCol(colRegion) = True : Tally
     Grid.Redraw = lorvRDBuffered : Tally
+End Sub
+
+' What a person may do with the mouse and the keyboard.
+Sub TakeGestures
+    On Error Resume Next
+    Grid.ExplorerBar = lorvExSortShowAndMove : Tally
+    Grid.AllowUserResizing = lorvResizeBoth : Tally
+    Grid.AllowUserFreezing = lorvFreezeBoth : Tally
+    Grid.AutoSearch = lorvSearchFromTop : Tally
+    Grid.TabBehavior = lorvTabCells : Tally
+    Grid.ToolTips = True : Tally
+    Grid.ScrollTips = True : Tally
+End Sub
+
+' The whole text of a cell that does not show all of it, and the order that it belongs to.
+Sub Grid_MouseMove(Button, Shift, X, Y)
+    Dim row, col, tip
+    row = Grid.MouseRow
+    col = Grid.MouseCol
+    If row >= rowFirst And col >= 1 Then tip = Grid.TextMatrix(row, col)
+    If Len(tip) > 0 Then tip = "Order " & Grid.TextMatrix(row, colNumber) & ": " & tip
+    If tip <> Grid.ToolTipText Then Grid.ToolTipText = tip
+End Sub
+
+Sub Grid_BeforeScrollTip(Row)
+    Grid.ScrollTipText = "Order " & Grid.TextMatrix(Row, colNumber) & ", " & Grid.TextMatrix(Row, colCustomer)
+End Sub
+
+Sub Grid_AfterSort(Col, Order)
+    Host.Title = "Orders by " & Grid.TextMatrix(rowHeader, Col)
 End Sub
 
 ' Where customers are found: by the beginning of a name, and by a whole one.

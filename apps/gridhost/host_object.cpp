@@ -63,6 +63,7 @@ const HostObject::MemberRow HostObject::memberRows[] = {
     {L"Check", method, 1, 2, &HostObject::Check},
     {L"Quit", method, 0, 1, &HostObject::Quit},
     {L"DataFile", method, 1, 1, &HostObject::DataFile},
+    {L"Include", method, 1, 1, &HostObject::Include},
     {L"Argument", method, 1, 1, &HostObject::Argument},
     {L"Resize", method, 2, 2, &HostObject::Resize},
     {L"SetAmbient", method, 2, 2, &HostObject::SetAmbient},
@@ -189,7 +190,10 @@ HRESULT HostObject::ClickTimes(const Arguments& arguments, int times)
     player.MoveTo(ToScreen(arguments, 0));
     player.Shift(shift, true);
     for (int i = 0; i < times; ++i) {
-        player.Button(button, true);
+        if (i == 0)
+            player.FirstPress(button);
+        else
+            player.Button(button, true);
         player.Button(button, false);
     }
     player.Shift(shift, false);
@@ -215,7 +219,7 @@ HRESULT HostObject::Drag(const Arguments& arguments, Variant&)
     InputPlayer player;
     player.MoveTo(from);
     player.Shift(shift, true);
-    player.Button(button, true);
+    player.FirstPress(button);
     for (int i = 1; i <= moves; ++i)
         player.MoveTo({from.x + MulDiv(to.x - from.x, i, moves), from.y + MulDiv(to.y - from.y, i, moves)});
     const DragRest rest = std::exchange(dragRest_, {});
@@ -303,6 +307,15 @@ HRESULT HostObject::DataFile(const Arguments& arguments, Variant& result)
     const std::wstring folder = FolderOf(FullPath(options_.script));
     result = Variant::Text((folder + L"\\data\\" + arguments.Text(0)).c_str());
     return S_OK;
+}
+
+HRESULT HostObject::Include(const Arguments& arguments, Variant&)
+{
+    const std::wstring file = FolderOf(FullPath(options_.script)) + L"\\" + arguments.Text(0);
+    std::wstring text;
+    if (!engine_ || !ReadTextFile(file, text))
+        return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    return engine_->Run(file, text);
 }
 
 HRESULT HostObject::Argument(const Arguments& arguments, Variant& result)

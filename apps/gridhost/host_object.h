@@ -7,6 +7,7 @@
 #include "key_text.h"
 #include "options.h"
 #include "run_state.h"
+#include "script_engine.h"
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ public:
     {
     }
     void SetEventSink(EventSink* sink) { sink_ = sink; }
+    void SetEngine(ScriptEngine* engine) { engine_ = engine; }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
@@ -45,6 +47,7 @@ private:
     HRESULT Check(const Arguments& arguments, Variant& result);
     HRESULT Quit(const Arguments& arguments, Variant& result);
     HRESULT DataFile(const Arguments& arguments, Variant& result);
+    HRESULT Include(const Arguments& arguments, Variant& result);
     HRESULT Argument(const Arguments& arguments, Variant& result);
     HRESULT Resize(const Arguments& arguments, Variant& result);
     HRESULT SetAmbient(const Arguments& arguments, Variant& result);
@@ -67,6 +70,7 @@ private:
     Container& container_;
     RunState& state_;
     EventSink* sink_ = nullptr;
+    ScriptEngine* engine_ = nullptr;
 
     // What the next drag does before the button is released.
     struct DragRest {

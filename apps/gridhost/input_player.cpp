@@ -3,6 +3,7 @@
 #include "message_pump.h"
 #include "screenshot.h"
 #include <objbase.h>
+#include <stdlib.h>
 
 static constexpr DWORD stepMilliseconds = 8;    // between two steps
 static constexpr DWORD settleMilliseconds = 40; // for what the last step has set off
@@ -18,14 +19,20 @@ static INPUT MouseInput(DWORD flags, DWORD data = 0)
 
 void InputPlayer::Add(const INPUT& input)
 {
-    steps_.push_back({input, 0, {}});
+    steps_.push_back({input, 0, false, {}});
+}
+
+// A screen has 65536 units across. Rounded up, since the way back rounds down.
+static LONG Normalised(LONG pixel, int screen)
+{
+    return LONG((LONGLONG(pixel) * 65536 + screen - 1) / screen);
 }
 
 void InputPlayer::MoveTo(POINT screen)
 {
     INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
-    input.mi.dx = MulDiv(screen.x, 65536, GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = MulDiv(screen.y, 65536, GetSystemMetrics(SM_CYSCREEN));
+    input.mi.dx = Normalised(screen.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = Normalised(screen.y, GetSystemMetrics(SM_CYSCREEN));
     Add(input);
 }
 
@@ -37,6 +44,35 @@ void InputPlayer::Button(int button, bool down)
     if (button == 4)
         flag = down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP;
     Add(MouseInput(flag));
+}
+
+void InputPlayer::FirstPress(int button)
+{
+    Button(button, true);
+    steps_.back().firstPress = true;
+}
+
+// Players follow each other; the system counts clicks across them.
+static struct {
+    ULONGLONG time;
+    POINT place;
+} lastPress;
+
+static bool IsPress(const INPUT& input)
+{
+    constexpr DWORD presses = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_MIDDLEDOWN;
+    return input.type == INPUT_MOUSE && (input.mi.dwFlags & presses);
+}
+
+static void WaitForFirstPress()
+{
+    POINT now;
+    GetCursorPos(&now);
+    const ULONGLONG past = GetTickCount64() - lastPress.time;
+    const bool samePlace = abs(now.x - lastPress.place.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+                           abs(now.y - lastPress.place.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+    if (samePlace && past <= GetDoubleClickTime())
+        Sleep(GetDoubleClickTime() - DWORD(past) + 20);
 }
 
 void InputPlayer::Wheel(int delta, bool horizontal)
@@ -84,6 +120,12 @@ void InputPlayer::Rest(DWORD milliseconds, const std::wstring& picture)
 void InputPlayer::PlaySteps()
 {
     for (Step& step : steps_) {
+        if (step.firstPress)
+            WaitForFirstPress();
+        if (IsPress(step.input)) {
+            lastPress.time = GetTickCount64();
+            GetCursorPos(&lastPress.place);
+        }
         SendInput(1, &step.input, sizeof(step.input));
         Sleep(stepMilliseconds + step.rest);
         if (!step.picture.empty())

@@ -16,6 +16,8 @@ class InputPlayer
 public:
     void MoveTo(POINT screen);
     void Button(int button, bool down); // 1 left, 2 right, 4 middle
+    // The press is the first of its own: it waits until the one before cannot make it a double click.
+    void FirstPress(int button);
     void Wheel(int delta, bool horizontal);
     void Shift(unsigned shift, bool down); // 1 Shift, 2 Ctrl, 4 Alt
     void Key(const KeyStroke& stroke);
@@ -29,6 +31,7 @@ private:
     struct Step {
         INPUT input;
         DWORD rest; // milliseconds
+        bool firstPress;
         std::wstring picture;
     };
     static DWORD WINAPI PlayThread(void* self);

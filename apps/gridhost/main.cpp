@@ -71,6 +71,7 @@ static void RunScript(Run& run, HWND frame, IUnknown* control, const std::wstrin
     run.host = ComPtr<HostObject>::Adopt(new HostObject(run.options, run.container, run.state));
     run.sink = ComPtr<EventSink>::Adopt(new EventSink(run.engine, run.state));
     run.host->SetEventSink(run.sink.Get());
+    run.host->SetEngine(&run.engine);
     const auto grid = ComPtr<IUnknown>(control).As<IDispatch>();
     HRESULT hr = run.engine.Open(run.options.script, frame, grid.Get(), run.host.Get());
     if (FAILED(hr)) {
@@ -83,7 +84,7 @@ static void RunScript(Run& run, HWND frame, IUnknown* control, const std::wstrin
         Explain(L"no events", hr);
     if (ITypeLib* library = run.sink->Library())
         run.engine.AddConstants(library);
-    run.engine.Run(text);
+    run.engine.Run(run.options.script, text);
 }
 
 static void TakeShot(Run& run, HWND frame)
@@ -104,8 +105,10 @@ static void ShutDown(Run& run, HWND frame, ComPtr<IUnknown>& control)
     if (run.sink)
         run.sink->Disconnect();
     run.engine.Close();
-    if (run.host)
+    if (run.host) {
         run.host->SetEventSink(nullptr);
+        run.host->SetEngine(nullptr);
+    }
     run.container.Close();
     if (IsWindow(frame))
         DestroyWindow(frame);

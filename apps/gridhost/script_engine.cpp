@@ -72,7 +72,6 @@ IDispatch* ScriptEngine::NamedItem(const wchar_t* name) const
 
 HRESULT ScriptEngine::Open(const std::wstring& file, HWND frame, IDispatch* grid, IDispatch* host)
 {
-    file_ = file;
     frame_ = frame;
     grid_ = ComPtr<IDispatch>(grid);
     host_ = ComPtr<IDispatch>(host);
@@ -136,12 +135,14 @@ HRESULT ScriptEngine::Parse(const std::wstring& text, DWORD_PTR context)
                                     nullptr, &exception);
 }
 
-HRESULT ScriptEngine::Run(const std::wstring& text)
+// Texts are known to the engine by the number of their file, from 1.
+HRESULT ScriptEngine::Run(const std::wstring& file, const std::wstring& text)
 {
     reported_ = false;
-    const HRESULT hr = Parse(text, 1);
+    files_.push_back(file);
+    const HRESULT hr = Parse(text, files_.size());
     if (FAILED(hr) && !reported_ && !state_.quitting)
-        ReportError(file_, DescribeCode(hr));
+        ReportError(file, DescribeCode(hr));
     return hr;
 }
 
@@ -171,7 +172,7 @@ HRESULT ScriptEngine::Call(DISPID procedure, DISPPARAMS& arguments, VARIANT& res
         if (hr == DISP_E_EXCEPTION && exception.scode)
             hr = exception.scode;
         const bool described = exception.bstrDescription && *exception.bstrDescription;
-        ReportError(file_, described ? exception.bstrDescription : DescribeCode(hr));
+        ReportError(files_.front(), described ? exception.bstrDescription : DescribeCode(hr));
     }
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
@@ -191,7 +192,8 @@ void ScriptEngine::OnScriptError(IActiveScriptError* error)
     DWORD shortContext = 0;
     if (SUCCEEDED(error->GetSourcePosition(&shortContext, &line, &column)))
         context = shortContext;
-    std::wstring place = context ? file_ : L"constants of the type library";
+    const bool ours = context >= 1 && context <= files_.size();
+    std::wstring place = ours ? files_[context - 1] : L"constants of the type library";
     place += L"(" + std::to_wstring(line + 1) + L", " + std::to_wstring(column + 1) + L")";
     std::wstring text =
         exception.bstrDescription && *exception.bstrDescription ? exception.bstrDescription : L"";

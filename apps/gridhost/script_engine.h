@@ -5,6 +5,7 @@
 #include "run_state.h"
 #include <activscp.h>
 #include <string>
+#include <vector>
 
 class ScriptSite;
 
@@ -20,8 +21,8 @@ public:
     HRESULT Open(const std::wstring& file, HWND frame, IDispatch* grid, IDispatch* host);
     // Makes the enumerations of a type library known to the script as constants.
     void AddConstants(ITypeLib* library);
-    // Runs the script's own text.
-    HRESULT Run(const std::wstring& text);
+    // Runs the text of a file, the script's own or one that it includes.
+    HRESULT Run(const std::wstring& file, const std::wstring& text);
     void Close();
 
     // DISPID of a procedure of the script; DISPID_UNKNOWN when it has none of that name.
@@ -41,7 +42,7 @@ private:
     HRESULT Parse(const std::wstring& text, DWORD_PTR context);
 
     RunState& state_;
-    std::wstring file_;
+    std::vector<std::wstring> files_; // that ran, the script itself first
     HWND frame_ = nullptr;
     bool isJScript_ = false;
     bool reported_ = false; // the failure that is under way has been shown

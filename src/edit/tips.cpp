@@ -86,13 +86,14 @@ void ShowTip(Grid& grid, const wchar_t* text)
     HWND tip = grid.TipWindow;
     if (!tip)
         return;
-    TTTOOLINFOW tool = ToolOf(grid, text);
-    if (!text || !*text) {
+    bool shows = text && *text;
+    TTTOOLINFOW tool = ToolOf(grid, shows ? text : L"");
+    SendMessageW(tip, TTM_UPDATETIPTEXTW, 0, AsParam(&tool)); // the old text must not come back by itself
+    if (!shows) {
         SendMessageW(tip, TTM_TRACKACTIVATE, FALSE, AsParam(&tool));
         SendMessageW(tip, TTM_POP, 0, 0);
         return;
     }
-    SendMessageW(tip, TTM_UPDATETIPTEXTW, 0, AsParam(&tool));
     SendMessageW(tip, TTM_UPDATE, 0, 0);
     SendMessageW(tip, TTM_TRACKACTIVATE, TRUE, AsParam(&tool));
     SetWindowPos(tip, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);

@@ -216,3 +216,9 @@ TEST_F(GridHost, KeysAndTheWheelReachTheGrid)
     const Outcome outcome = RunScript(L"tour_keys.vbs", L"--field --check-leaks");
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
 }
+
+TEST_F(GridHost, TheMouseDoesAllItsGestures)
+{
+    const Outcome outcome = RunScript(L"tour_mouse.vbs", L"--field --check-leaks");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}

@@ -119,6 +119,7 @@ TEST_F(Tips, TextShowsAndAnEmptyOneHides)
         EXPECT_EQ(TipText(), L"a tip");
         ShowTip(grid, nothing);
         EXPECT_FALSE(IsShown());
+        EXPECT_EQ(TipText(), L"") << "or the pointer would bring it back";
     }
 }
 
