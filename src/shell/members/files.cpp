@@ -1,6 +1,7 @@
 // Members of the grid: files, archives and loading from a URL.
 #include "core/events.h"
 #include "core/property_frame.h"
+#include "files/archive_calls.h"
 #include "files/load_save.h"
 #include "shell/members/members.h"
 #include "shell/safety.h"
@@ -30,14 +31,22 @@ HRESULT STDMETHODCALLTYPE GridMembers::LoadGrid(BSTR fileName, SaveLoadSettings 
     return LoadGridFile(*this, fileName, loadWhat, options);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::Archive(BSTR, BSTR, ArchiveSettings)
+HRESULT STDMETHODCALLTYPE GridMembers::Archive(BSTR arcFileName, BSTR fileName, ArchiveSettings action)
 {
-    return NotBuilt();
+    if (IsSafetyLocked(*this))
+        return ReportError(*this, LORV_E_SAFETY);
+    return RunArchive(arcFileName ? arcFileName : L"", fileName ? fileName : L"", action);
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_ArchiveInfo(BSTR, ArchiveInfoSettings, VARIANT, VARIANT*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_ArchiveInfo(BSTR arcFileName, ArchiveInfoSettings infoType,
+                                                       VARIANT index, VARIANT* result)
 {
-    return NotBuilt();
+    if (!result)
+        return E_POINTER;
+    VariantInit(result);
+    if (IsSafetyLocked(*this))
+        return ReportError(*this, LORV_E_SAFETY);
+    return ReadArchiveInfo(arcFileName ? arcFileName : L"", infoType, index, *result);
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::LoadGridURL(BSTR, SaveLoadSettings, VARIANT)
