@@ -1,20 +1,29 @@
 #include "files/file_stream.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
 constexpr DWORD SharedWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
-HANDLE OpenFile(const wchar_t* name, DWORD access, DWORD disposition) noexcept
+HANDLE OpenFile(const wchar_t* name, DWORD access, DWORD share, DWORD disposition) noexcept
 {
     if (!name || !*name)
         return INVALID_HANDLE_VALUE;
-    return CreateFileW(name, access, SharedWithAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return CreateFileW(name, access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+bool SeekFile(HANDLE file, uint64_t position) noexcept
+{
+    LARGE_INTEGER distance = {};
+    distance.QuadPart = static_cast<LONGLONG>(position);
+    return SetFilePointerEx(file, distance, nullptr, FILE_BEGIN) != FALSE;
 }
 } // namespace
 
-FileReader::FileReader(const wchar_t* name) noexcept : file_(OpenFile(name, GENERIC_READ, OPEN_EXISTING))
+FileReader::FileReader(const wchar_t* name, DWORD share) noexcept
+    : file_(OpenFile(name, GENERIC_READ, share, OPEN_EXISTING))
 {
     if (IsOpen() && GetFileType(file_) != FILE_TYPE_DISK) {
         CloseHandle(file_);
@@ -39,9 +48,7 @@ size_t FileReader::Read(void* buffer, size_t size) noexcept
 
 bool FileReader::Seek(uint64_t position) noexcept
 {
-    LARGE_INTEGER distance = {};
-    distance.QuadPart = static_cast<LONGLONG>(position);
-    if (!SetFilePointerEx(file_, distance, nullptr, FILE_BEGIN))
+    if (!SeekFile(file_, position))
         return false;
     position_ = position;
     return true;
@@ -53,12 +60,34 @@ uint64_t FileReader::Size() const noexcept
     return GetFileSizeEx(file_, &size) ? static_cast<uint64_t>(size.QuadPart) : 0;
 }
 
-FileWriter::FileWriter(const wchar_t* name) noexcept : file_(OpenFile(name, GENERIC_WRITE, CREATE_ALWAYS)) {}
+FILETIME FileReader::LastWriteTime() const noexcept
+{
+    FILETIME time = {};
+    return GetFileTime(file_, nullptr, nullptr, &time) ? time : FILETIME{};
+}
+
+FileWriter::FileWriter(const wchar_t* name) noexcept
+    : file_(OpenFile(name, GENERIC_WRITE, SharedWithAll, CREATE_ALWAYS))
+{
+}
 
 FileWriter::~FileWriter()
 {
-    if (IsOpen())
-        CloseHandle(file_);
+    (void)Close();
+}
+
+bool FileWriter::Close() noexcept
+{
+    HANDLE file = std::exchange(file_, INVALID_HANDLE_VALUE);
+    return file == INVALID_HANDLE_VALUE || CloseHandle(file);
+}
+
+bool FileWriter::Seek(uint64_t position) noexcept
+{
+    if (!SeekFile(file_, position))
+        return false;
+    position_ = position;
+    return true;
 }
 
 bool FileWriter::Write(const void* bytes, size_t size) noexcept
@@ -71,6 +100,7 @@ bool FileWriter::Write(const void* bytes, size_t size) noexcept
             return false;
         from += count;
         size -= count;
+        position_ += count;
     }
     return true;
 }

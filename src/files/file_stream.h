@@ -8,7 +8,8 @@
 class FileReader final : public ByteReader
 {
 public:
-    explicit FileReader(const wchar_t* name) noexcept;
+    // `share` tells what others may do meanwhile.
+    explicit FileReader(const wchar_t* name, DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE) noexcept;
     FileReader(const FileReader&) = delete;
     FileReader& operator=(const FileReader&) = delete;
     ~FileReader();
@@ -18,6 +19,8 @@ public:
     bool Seek(uint64_t position) noexcept override;
     uint64_t Position() const noexcept override { return position_; }
     uint64_t Size() const noexcept override;
+    // UTC; 0 when it is not known.
+    FILETIME LastWriteTime() const noexcept;
 
 private:
     HANDLE file_;
@@ -35,7 +38,12 @@ public:
 
     bool IsOpen() const noexcept { return file_ != INVALID_HANDLE_VALUE; }
     bool Write(const void* bytes, size_t size) noexcept override;
+    [[nodiscard]] bool Seek(uint64_t position) noexcept;
+    uint64_t Position() const noexcept { return position_; }
+    // False when not everything that was written arrived.
+    [[nodiscard]] bool Close() noexcept;
 
 private:
     HANDLE file_;
+    uint64_t position_ = 0;
 };
