@@ -80,7 +80,7 @@ public:
 struct FiredEvent {
     DISPID Id;
     std::vector<VARTYPE> Types;
-    std::vector<long> Values; // of I2, I4 and BOOL, by value or by reference; 0 for others
+    std::vector<long> Values; // of I2, I4, R4 and BOOL, by value or by reference; 0 for others
 };
 
 class EventSink : public FakeDispatch
@@ -139,6 +139,8 @@ private:
             return argument.iVal;
         case VT_I4:
             return argument.lVal;
+        case VT_R4:
+            return static_cast<long>(argument.fltVal);
         case VT_BYREF | VT_I2:
         case VT_BYREF | VT_BOOL:
             return *argument.piVal;
