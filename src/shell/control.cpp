@@ -168,17 +168,18 @@ constexpr struct {
                      {DISPID_MOUSEICON, 0},
                      {DISPID_PICTURE, 0},
                      {49, 0},
+                     {126, 1},
+                     {127, 1},
+                     {158, 5},
                      {177, 0},
                      {193, 0},
                      {196, 0},
                      {197, 0},
                      {201, 0},
+                     {205, 1},
+                     {215, 0},
                      {220, 0},
-                     {221, 0},
-                     {126, 1},
-                     {127, 1},
-                     {158, 5},
-                     {205, 1}};
+                     {221, 0}};
 
 // Arguments beyond a getter's own are for the default member of the object that it gives. Wine calls that
 // member whether there is an object or not.
