@@ -30,7 +30,7 @@ private:
 struct EditGuards {
     bool MaskGuardEdit = false; // a mask is being applied: its own changes are no changes by the user
     bool CharGuardEdit = false; // WM_CHAR comes for the second time, with the key that KeyPressEdit left
-    bool CharGuardCombo = false;
+    bool CharGuardCombo = false, CharGuardComboEdit = false;
     bool CloseUpGuard = false; // a commit closes the list
 };
 EditGuards& TheEditGuards() noexcept;

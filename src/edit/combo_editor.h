@@ -15,3 +15,14 @@ void SettleComboEdit(Grid& grid);
 const wchar_t* ComboKeyToStore(const Grid& grid);
 // The notifications of the drop-down, while it is visible.
 void OnComboCommand(Grid& grid, int notification);
+
+// What programs ask of the window of the last edit; -1, and no text, while there is none.
+int ComboCountOf(const Grid& grid) noexcept;
+// -1, too, when the box has a text that is no item.
+int ComboIndexOf(const Grid& grid) noexcept;
+void SelectComboItem(Grid& grid, int item);
+// A text of the list; a null BSTR when there is no such item.
+class Bstr ComboItemText(HWND comboBox, int item);
+
+// After a change of `ComboList`: the window of the last edit goes, unless an edit goes on in it.
+void DropStaleComboWindow(Grid& grid);

@@ -22,5 +22,3 @@ void ClearComboList(ComboListState& state, HWND comboBox = nullptr) noexcept;
 
 // The key of an item, null when the list has none for it.
 const wchar_t* ComboKeyOf(const ComboListState& state, int item) noexcept;
-
-#include "edit/combo_editor.h"

@@ -104,3 +104,19 @@ void ReplaceSelectedEditText(Grid& grid, const wchar_t* text)
         ApplyMaskToCombo(grid, false);
     }
 }
+
+// A mask goes over the text twice, and ChangeEdit fires twice: hosts count on it.
+void ApplyNewMask(Grid& grid)
+{
+    KeepAlive alive(grid);
+    if (!IsTextOpen(grid) && !IsEditableListOpen(grid))
+        return;
+    CompileCellMask(grid);
+    const int passes = grid.EditMask ? 2 : 1;
+    for (int pass = 0; pass < passes; ++pass) {
+        if (IsTextOpen(grid))
+            ApplyMaskAndNotify(grid, false);
+        else if (IsEditableListOpen(grid))
+            ApplyMaskToCombo(grid, false);
+    }
+}

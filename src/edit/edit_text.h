@@ -16,3 +16,6 @@ EditSelection ReadEditSelection(const Grid& grid);
 void WriteEditSelection(const Grid& grid, EditSelection selection);
 Bstr ReadSelectedEditText(const Grid& grid);
 void ReplaceSelectedEditText(Grid& grid, const wchar_t* text);
+
+// After a change of `EditMask`: what is being edited takes its shape.
+void ApplyNewMask(Grid& grid);

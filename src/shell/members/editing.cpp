@@ -1,4 +1,5 @@
 // Members of the grid: the editor and its masks.
+#include "core/cell_store.h"
 #include "core/events.h"
 #include "edit/edit_text.h"
 #include "shell/members/members.h"
@@ -6,11 +7,6 @@
 
 #include <algorithm>
 #include <climits>
-
-static HRESULT NotBuilt()
-{
-    return E_NOTIMPL;
-}
 
 namespace
 {
@@ -103,22 +99,28 @@ HRESULT STDMETHODCALLTYPE GridMembers::FinishEditing(VARIANT_BOOL cancel)
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_EditMask(BSTR*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_EditMask(BSTR* result)
 {
-    return NotBuilt();
+    HRESULT guard = GuardRunTime(*this, result);
+    return SUCCEEDED(guard) ? ReturnText(result, EditMask) : guard;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_EditMask(BSTR)
+HRESULT STDMETHODCALLTYPE GridMembers::put_EditMask(BSTR value)
 {
-    return NotBuilt();
+    if (HRESULT result = ReplaceText(EditMask, value); FAILED(result))
+        return result;
+    ApplyNewMask(*this);
+    return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::get_ColEditMask(LONG, BSTR*)
+HRESULT STDMETHODCALLTYPE GridMembers::get_ColEditMask(LONG col, BSTR* result)
 {
-    return NotBuilt();
+    HRESULT check = CheckCol(*this, col);
+    return SUCCEEDED(check) ? ReturnText(result, ColTable[col].ColEditMask) : check;
 }
 
-HRESULT STDMETHODCALLTYPE GridMembers::put_ColEditMask(LONG, BSTR)
+// An edit under way keeps the mask that it was opened with.
+HRESULT STDMETHODCALLTYPE GridMembers::put_ColEditMask(LONG col, BSTR value)
 {
-    return NotBuilt();
+    return ForCols(*this, col, [&](int index) { return ReplaceText(ColTable[index].ColEditMask, value); });
 }

@@ -1,0 +1,223 @@
+#include "edit/combo_window.h"
+
+#include "edit/cell_editor.h"
+#include "edit/combo_editor.h"
+#include "edit/combo_list.h"
+#include "edit/combo_search.h"
+#include "platform/module.h"
+
+#include <commctrl.h>
+
+#include <utility>
+
+namespace
+{
+void Forget(Grid& grid, HWND window) noexcept
+{
+    if (grid.ComboWindow == window)
+        grid.ComboWindow = nullptr;
+    if (grid.ComboEditBox == window)
+        grid.ComboEditBox = nullptr;
+}
+
+LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR map,
+                                DWORD_PTR data)
+{
+    Grid& grid = *reinterpret_cast<Grid*>(data);
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, ComboProcedure, map);
+        Forget(grid, window);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+    KeepAlive alive(grid);
+    LRESULT result = 0;
+    if (CMyCombo(grid, window, static_cast<CMyCombo::Map>(map))
+            .ProcessWindowMessage(message, wParam, lParam, result))
+        return result;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void Subclass(Grid& grid, HWND window, CMyCombo::Map map) noexcept
+{
+    SetWindowSubclass(window, ComboProcedure, map, reinterpret_cast<DWORD_PTR>(&grid));
+}
+
+bool TakesFreeText(const Grid& grid) noexcept
+{
+    return (grid.EditorList.ComboBits & ComboEditableList) != 0;
+}
+
+WPARAM AsKey(short code) noexcept
+{
+    return static_cast<unsigned short>(code);
+}
+} // namespace
+
+HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
+{
+    if (HWND old = std::exchange(grid.ComboWindow, nullptr))
+        DestroyWindow(old);
+    grid.ComboEditBox = nullptr;
+    const RECT& area = grid.EditRect;
+    HWND window = CreateWindowExW(styleEx, WC_COMBOBOXW, nullptr, style, area.left, area.top,
+                                  area.right - area.left, area.bottom - area.top, grid.Window,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(EditorCombo)),
+                                  ModuleInstance(), nullptr);
+    if (!window)
+        return nullptr;
+    grid.ComboWindow = window;
+    Subclass(grid, window, ComboBoxMap);
+    HWND inner = TakesFreeText(grid) ? GetWindow(window, GW_CHILD) : nullptr;
+    if (inner) {
+        grid.ComboEditBox = inner;
+        Subclass(grid, inner, EditBoxMap);
+    }
+    return window;
+}
+
+// Hidden after an edit, the windows are the system's alone.
+bool CMyCombo::IsLive() const noexcept
+{
+    return grid_.ActiveEditor == EditorCombo && grid_.ComboWindow && IsWindow(window_) &&
+           (grid_.ComboWindow == window_ || grid_.ComboEditBox == window_);
+}
+
+bool CMyCombo::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    if (message == WM_GETDLGCODE) {
+        result = DLGC_WANTALLKEYS;
+        return true;
+    }
+    if (!IsLive())
+        return false;
+    switch (message) {
+    case WM_KEYDOWN:
+        return OnKeyDown(wParam, lParam);
+    case WM_SYSKEYDOWN:
+        return OnSysKeyDown(wParam, lParam);
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+        return OnKeyUp(message, wParam, lParam);
+    case WM_CHAR:
+        return OnChar(wParam, lParam);
+    case WM_KILLFOCUS:
+        return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_CONTEXTMENU:
+        return RefusesEditMenu(grid_);
+    case MessageComboChanged:
+        TellPendingChange(grid_);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CMyCombo::PassOn(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (IsWindow(window_))
+        DefSubclassProc(window_, message, wParam, lParam);
+}
+
+// Whether a key moves on to another cell. Up and Down stay: they walk through the items.
+bool CMyCombo::LeavesBy(int key) const
+{
+    if (key == VK_TAB)
+        return true;
+    if (key != VK_LEFT && key != VK_RIGHT)
+        return false;
+    if (!TakesFreeText(grid_))
+        return true;
+    auto bounds = static_cast<DWORD>(SendMessageW(grid_.ComboWindow, CB_GETEDITSEL, 0, 0));
+    bool forwards = (key == VK_RIGHT) != HasOption(grid_, OptionRightToLeft);
+    int edge = forwards ? GetWindowTextLengthW(grid_.ComboWindow) : 0;
+    return LOWORD(bounds) == HIWORD(bounds) && LOWORD(bounds) == edge;
+}
+
+bool CMyCombo::OnReturn()
+{
+    if (AskKeyPressEdit(grid_, VK_RETURN) == 0)
+        return false;
+    LeaveEditor(grid_, 0);
+    return true;
+}
+
+bool CMyCombo::OnEscape()
+{
+    if (AskKeyPressEdit(grid_, VK_ESCAPE) == 0)
+        return false;
+    grid_.EditCancel = VARIANT_TRUE;
+    LeaveEditor(grid_, 0);
+    return true;
+}
+
+bool CMyCombo::OnKeyDown(WPARAM key, LPARAM lParam)
+{
+    ShowEditedCell(grid_);
+    short code = AskKeyDownEdit(grid_, static_cast<short>(key));
+    if (code == 0 || !IsLive())
+        return true;
+    bool handled = false;
+    if (code == VK_RETURN) {
+        handled = OnReturn();
+    } else if (code == VK_ESCAPE) {
+        handled = OnEscape();
+    } else if (LeavesBy(code)) {
+        LeaveEditor(grid_, code);
+        handled = true;
+    }
+    if (!handled)
+        PassOn(WM_KEYDOWN, AsKey(code), lParam);
+    return true;
+}
+
+bool CMyCombo::OnSysKeyDown(WPARAM key, LPARAM lParam)
+{
+    if (short code = AskKeyDownEdit(grid_, static_cast<short>(key)))
+        PassOn(WM_SYSKEYDOWN, AsKey(code), lParam);
+    return true;
+}
+
+bool CMyCombo::OnKeyUp(UINT message, WPARAM key, LPARAM lParam)
+{
+    TellPendingChange(grid_);
+    if (short code = AskKeyUpEdit(grid_, static_cast<short>(key)))
+        PassOn(message, AsKey(code), lParam);
+    return true;
+}
+
+// A character comes twice: first for KeyPressEdit, then with what the handler has left, zero included. What
+// the combo box gets goes on to the edit box in it, where it is not told of again.
+bool CMyCombo::OnChar(WPARAM key, LPARAM lParam)
+{
+    EditGuards& guards = TheEditGuards();
+    bool& told = map_ == EditBoxMap ? guards.CharGuardComboEdit : guards.CharGuardCombo;
+    if (EditGuard first(told); first) {
+        short code = AskKeyPressEdit(grid_, static_cast<short>(key));
+        if (!IsLive())
+            return true;
+        HWND inner = grid_.ComboEditBox;
+        EditGuard toldThere(inner ? guards.CharGuardComboEdit : told);
+        SendMessageW(inner ? inner : window_, WM_CHAR, AsKey(code), lParam);
+        return true;
+    }
+    bool found = ComboSearchKey(grid_, window_, key);
+    return found || key == 0 || key == VK_TAB || key == VK_RETURN || key == VK_ESCAPE || key == 127;
+}
+
+// Without a receiver the focus has gone to another application, and the edit waits for it to come back.
+bool CMyCombo::OnKillFocus(HWND receiver)
+{
+    if (receiver && receiver != grid_.Window && receiver != grid_.ComboWindow &&
+        receiver != grid_.ComboEditBox)
+        CommitEdit(grid_);
+    return !IsWindow(window_);
+}
+
+// What a handler changes in the course of it is not told of again.
+void TellPendingChange(Grid& grid)
+{
+    if (!(grid.EditorList.ComboBits & ComboChangePending))
+        return;
+    event::ChangeEdit(grid);
+    grid.EditorList.ComboBits &= static_cast<uint8_t>(~ComboChangePending);
+}
