@@ -208,7 +208,7 @@ bool CMyCombo::OnChar(WPARAM key, LPARAM lParam)
 bool CMyCombo::OnKillFocus(HWND receiver)
 {
     if (receiver && receiver != grid_.Window && receiver != grid_.ComboWindow &&
-        receiver != grid_.ComboEditBox)
+        !IsChild(grid_.ComboWindow, receiver))
         CommitEdit(grid_);
     return !IsWindow(window_);
 }

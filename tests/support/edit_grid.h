@@ -21,7 +21,8 @@
 constexpr DISPID BeforeEditId = 21, StartEditId = 22, ValidateEditId = 23, AfterEditId = 24,
                  KeyPressEditId = 25, KeyDownEditId = 26, KeyUpEditId = 27, ChangeEditId = 28,
                  CellButtonClickId = 34, CellChangedId = 43, SetupEditWindowId = 46, SetupEditStyleId = 48,
-                 BeforeMouseDownId = 5, EndAutoSearchId = 52;
+                 BeforeMouseDownId = 5, EndAutoSearchId = 52, ComboDropDownId = 49, ComboCloseUpId = 50,
+                 ComboDrawItemId = 86;
 
 // The members of a grid on a window of 300 by 200 in a frame: 20 rows of 20 pixels and 5 columns of 50, the
 // first of each fixed. Without grid lines a cell's rectangle is the editor's.
@@ -89,7 +90,7 @@ public:
     std::string Cursor() const { return std::to_string(grid.Row) + "," + std::to_string(grid.Col); }
 
     // What was fired since the last call, editing alone: "BeforeEdit(1,1) ValidateEdit(1,1)!" with a mark
-    // where Cancel arrives set.
+    // where Cancel, or FinishEdit, arrives set.
     std::string Fired()
     {
         std::string fired;
@@ -184,10 +185,12 @@ private:
         case BeforeEditId:
         case StartEditId:
         case ValidateEditId:
+        case ComboCloseUpId:
             return EventText(id, parameters) + (*parameters.rgvarg[0].pboolVal ? "!" : "");
         case AfterEditId:
         case CellChangedId:
         case CellButtonClickId:
+        case ComboDropDownId:
             return EventText(id, parameters);
         case KeyPressEditId:
         case KeyDownEditId:
