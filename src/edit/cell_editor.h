@@ -47,6 +47,9 @@ void PostOnce(const Grid& grid, UINT message, WPARAM wParam) noexcept;
 
 // The mask of the cell being edited: the grid's, or else the column's; null or empty for none.
 wchar_t* MaskOfCell(const Grid& grid) noexcept;
+// Whether a refused edit under the mask beeps. Only a mask that begins with the semicolon is quiet here; one
+// that ends with ";Q" is quiet while typing alone.
+bool BeepsWhenRefused(const wchar_t* mask) noexcept;
 // Compiles it; the number of its positions.
 int CompileCellMask(Grid& grid);
 // The mask pass of an edit box, with ChangeEdit after it, unless one is under way. Compiles nothing. Without

@@ -104,18 +104,11 @@ private:
     {
         if (grid_.Window)
             ShowEditedCell(grid_);
-        if (!IsQuietMask(MaskOfCell(grid_)))
+        if (BeepsWhenRefused(MaskOfCell(grid_)))
             MessageBeep(MB_ICONHAND);
         PostOnce(grid_, MessageStartEdit, 1);
         Close();
         return false;
-    }
-
-    // Quiet to the refusal is only a mask that begins with the semicolon; one that ends with ";Q" is quiet
-    // while typing and beeps here.
-    static bool IsQuietMask(const wchar_t* mask) noexcept
-    {
-        return mask && *mask == L';' && std::wcspbrk(mask, L"qQ");
     }
 
     bool Accept()
@@ -174,6 +167,11 @@ bool CommitEdit(Grid& grid, bool cancel)
         return true;
     KeepAlive alive(grid);
     return Commit(grid).Run(cancel);
+}
+
+bool BeepsWhenRefused(const wchar_t* mask) noexcept
+{
+    return !mask || *mask != L';' || !std::wcspbrk(mask, L"qQ");
 }
 
 CellRange CurrentMergedRange(Grid& grid, int row, int col)

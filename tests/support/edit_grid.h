@@ -55,8 +55,9 @@ public:
         act = nullptr;
         if (grid.Window)
             DestroyWindow(grid.Window);
-        grid.EventSinks.Remove(cookie_);
+        Disconnect();
     }
+    void Disconnect() { grid.EventSinks.Remove(cookie_); }
 
     // What a test does inside an event.
     std::function<void(DISPID, DISPPARAMS&)> act;
@@ -173,8 +174,8 @@ private:
     {
         if (std::string text = Describe(id, parameters); !text.empty())
             fired_ += (fired_.empty() ? "" : " ") + text;
-        if (act)
-            act(id, parameters);
+        if (auto running = act) // a copy: it may take itself away
+            running(id, parameters);
     }
 
     // Questions and results name their cell, keys their code.
