@@ -2,44 +2,19 @@
 
 #include "core/merge.h"
 #include "platform/dpi.h"
+#include "view/lengths.h"
 #include "view/sheet_axis.h"
 
 #include <algorithm>
 
-namespace
-{
-int Limited(int pixels, int minimum, int maximum) noexcept
-{
-    if (minimum != 0)
-        pixels = std::max(pixels, minimum);
-    if (maximum != 0)
-        pixels = std::min(pixels, maximum);
-    return pixels;
-}
-} // namespace
-
 int EffectiveRowHeight(const Grid& grid, int row)
 {
-    if (!IsRow(grid, row))
-        return grid.DefaultRowHeight;
-    const RowRecord& record = grid.RowTable[row];
-    if (record.Flags & RowFlagHidden)
-        return 0;
-    int height = record.Height;
-    if (height < 0)
-        height = grid.UniformRowHeight >= 1 ? grid.UniformRowHeight : grid.DefaultRowHeight;
-    return Limited(height, grid.RowHeightMinPixels, grid.RowHeightMaxPixels);
+    return IsRow(grid, row) ? RowLengths(grid).Of(grid.RowTable[row]) : grid.DefaultRowHeight;
 }
 
 int EffectiveColWidth(const Grid& grid, int col)
 {
-    if (!IsCol(grid, col))
-        return 4 * grid.DefaultRowHeight;
-    const ColRecord& record = grid.ColTable[col];
-    if (record.ColFlags & ColFlagHidden)
-        return 0;
-    int width = record.Width < 0 ? 4 * grid.DefaultRowHeight : record.Width;
-    return Limited(width, grid.ColWidthMinPixels, grid.ColWidthMaxPixels);
+    return IsCol(grid, col) ? ColLengths(grid).Of(grid.ColTable[col]) : 4 * grid.DefaultRowHeight;
 }
 
 RECT ClientRectOf(const Grid& grid) noexcept

@@ -154,7 +154,9 @@ void MoveSheet(Grid& grid, const SheetAxis& axis, int old)
         distance = -distance;
     RECT area = ScrolledArea(grid, axis);
     bool vertical = axis.Bar == SB_VERT;
-    if (CanMoveBits(grid))
+    // Moving shows the scroll at once, before the paint; where little stays in view it is not worth the copy.
+    LONG length = area.*axis.Far - area.*axis.Near;
+    if (CanMoveBits(grid) && std::abs(distance) <= length / 2)
         ScrollWindow(grid.Window, vertical ? 0 : distance, vertical ? distance : 0, &area, &area);
     InvalidateRect(grid.Window, &area, FALSE);
 }

@@ -1,23 +1,52 @@
 #include "view/sheet_axis.h"
 
 #include "core/upcalls.h"
+#include "view/lengths.h"
 
 #include <algorithm>
 #include <climits>
 
-const SheetAxis RowAxis = {&Grid::Rows,      &Grid::FixedRows,      &Grid::FrozenRows, &Grid::TopRow,
-                           &Grid::MaxTopRow, EffectiveRowHeight,    &RECT::top,        &RECT::bottom,
-                           SB_VERT,          lorvScrollBarVertical, SM_CXHSCROLL};
-const SheetAxis ColAxis = {&Grid::Cols,       &Grid::FixedCols,        &Grid::FrozenCols, &Grid::LeftCol,
-                           &Grid::MaxLeftCol, EffectiveColWidth,       &RECT::left,       &RECT::right,
-                           SB_HORZ,           lorvScrollBarHorizontal, SM_CYVSCROLL};
+namespace
+{
+template<class Lengths, class Record>
+int64_t Sum(const Lengths& lengths, const Record* table, int first, int end) noexcept
+{
+    int64_t sum = 0;
+    for (int index = first; index < end; ++index)
+        sum += lengths.Of(table[index]);
+    return sum;
+}
+
+int64_t SumRows(const Grid& grid, int first, int end)
+{
+    return Sum(RowLengths(grid), grid.RowTable, first, end);
+}
+int64_t SumCols(const Grid& grid, int first, int end)
+{
+    return Sum(ColLengths(grid), grid.ColTable, first, end);
+}
+} // namespace
+
+const SheetAxis RowAxis = {
+    &Grid::Rows,           &Grid::FixedRows, &Grid::FrozenRows, &Grid::TopRow, &Grid::MaxTopRow,
+    EffectiveRowHeight,    SumRows,          &RECT::top,        &RECT::bottom, SB_VERT,
+    lorvScrollBarVertical, SM_CXHSCROLL};
+const SheetAxis ColAxis = {&Grid::Cols,
+                           &Grid::FixedCols,
+                           &Grid::FrozenCols,
+                           &Grid::LeftCol,
+                           &Grid::MaxLeftCol,
+                           EffectiveColWidth,
+                           SumCols,
+                           &RECT::left,
+                           &RECT::right,
+                           SB_HORZ,
+                           lorvScrollBarHorizontal,
+                           SM_CYVSCROLL};
 
 int SumLengths(const Grid& grid, const SheetAxis& axis, int first, int end)
 {
-    int64_t sum = 0;
-    end = std::min(end, grid.*axis.Count);
-    for (int index = std::max(first, 0); index < end; ++index)
-        sum += axis.LengthOf(grid, index);
+    int64_t sum = axis.Sum(grid, std::max(first, 0), std::min(end, grid.*axis.Count));
     return static_cast<int>(std::min<int64_t>(sum, INT_MAX));
 }
 

@@ -11,6 +11,7 @@ struct SheetAxis {
     int32_t Grid::*First;    // TopRow or LeftCol
     int32_t Grid::*MaxFirst; // MaxTopRow or MaxLeftCol
     int (*LengthOf)(const Grid& grid, int index);
+    int64_t (*Sum)(const Grid& grid, int first, int end); // of entries that are there
     LONG RECT::*Near; // the client edge that the axis starts at when nothing is mirrored
     LONG RECT::*Far;
     int Bar;       // of the window's scroll bars

@@ -1,5 +1,7 @@
 // The control in a container that is not our own: the one that the ATL module of the system brings.
 
+#include "support/gdi_objects.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -115,7 +117,7 @@ TEST_F(ForeignContainer, LetsGoOfTheControlWithItsWindow)
 
 TEST_F(ForeignContainer, CanBeUsedAgainAndAgain)
 {
-    const DWORD objectsBefore = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const int objectsBefore = GdiObjectCount();
     for (int round = 0; round < 20; ++round) {
         HWND frame = CreateWindowExW(0, L"Static", L"round", WS_OVERLAPPEDWINDOW, 20, 20, 200, 150, nullptr,
                                      nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -126,5 +128,5 @@ TEST_F(ForeignContainer, CanBeUsedAgainAndAgain)
         DestroyWindow(frame);
         Pump();
     }
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objectsBefore + 20);
+    EXPECT_EQ(GdiObjectCount(), objectsBefore);
 }

@@ -1,5 +1,6 @@
 #include "view/paint.h"
 
+#include "support/gdi_objects.h"
 #include "support/pixels.h"
 #include "view/cell_background.h"
 #include "view/grid_picture.h"
@@ -443,10 +444,11 @@ TEST_F(Draws, KeepTheNumberOfGdiObjects)
     EnsureRowCells(grid, 3);
     grid.RowTable[3].Cells[1].State = lorvChecked << CheckStateShift;
     Draw();
-    DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    for (int i = 0; i < 200; ++i)
+    int before = GdiObjectCount();
+    ASSERT_GT(before, 0);
+    for (int i = 0; i < 10000; ++i)
         Draw();
-    EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
+    EXPECT_EQ(GdiObjectCount(), before);
 }
 
 TEST_F(Draws, ForAnotherDeviceAreAPictureOfTheClientArea)
