@@ -8,6 +8,7 @@
 
 #include <ole2.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -58,7 +59,8 @@ Outcome RunHost(std::wstring arguments)
     start.cb = sizeof(start);
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = start.hStdError = writer;
-    std::wstring command = L"\"" + ProgramPath() + L"\" " + arguments + L" --timeout 60000";
+    // What follows "--" is for the script.
+    std::wstring command = L"\"" + ProgramPath() + L"\" --timeout 300000 " + arguments;
     PROCESS_INFORMATION process = {};
     Outcome outcome;
     const BOOL started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
@@ -221,4 +223,32 @@ TEST_F(GridHost, TheMouseDoesAllItsGestures)
 {
     const Outcome outcome = RunScript(L"tour_mouse.vbs", L"--field --check-leaks");
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
+// Handlers that do their worst in the middle of a gesture.
+
+TEST_F(GridHost, HandlersMayRunTheMessageLoop)
+{
+    const Outcome outcome = RunScript(L"hostile_events.vbs", L"--field --check-leaks -- pump");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
+TEST_F(GridHost, HandlersMayTakeAllRowsAndColumnsAway)
+{
+    const Outcome outcome = RunScript(L"hostile_events.vbs", L"--field --check-leaks -- empty");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
+TEST_F(GridHost, HandlersMayTakeTheGridDown)
+{
+    std::istringstream names(RunScript(L"hostile_events.vbs", L"-- names").output);
+    std::string name;
+    int count = 0;
+    for (; names >> name; ++count) {
+        const std::wstring options =
+            L"--field --check-leaks -- close " + std::wstring(name.begin(), name.end());
+        const Outcome outcome = RunScript(L"hostile_events.vbs", options.c_str());
+        EXPECT_EQ(0u, outcome.exitCode) << name << ": " << outcome.output;
+    }
+    EXPECT_EQ(34, count);
 }

@@ -234,6 +234,30 @@ TEST_F(ExplorerBarMember, ForgetsTheSortMarkAndTheMergeLinks)
     EXPECT_EQ(grid.SortIndicatorCol, 3) << "a refused value changes nothing";
 }
 
+// A visible outline gets its column fitted, and no other one.
+TEST_F(ExplorerBarMember, FitsTheColumnOfAnOutline)
+{
+    const struct {
+        int16_t OutlineBar;
+        int DesignMode;
+        bool HasLevels, Fits;
+    } cases[] = {{1, 0, true, true}, {0, 0, true, false}, {1, 1, true, false}, {1, 0, false, false}};
+    for (const auto& c : cases) {
+        grid.OutlineBar = c.OutlineBar;
+        grid.DesignModeCache = c.DesignMode;
+        grid.OutlineCol = 2;
+        grid.RowTable[3].Flags = c.HasLevels ? RowFlagSubtotal : 0;
+        grid.RowTable[3].OutlineLevel = 1;
+        grid.OutlineLevelCount = c.HasLevels ? 1 : 0;
+        SetCellText(grid, 3, 2, L"a rather long text for a column");
+        SetCellText(grid, 3, 4, L"a rather long text for a column");
+        grid.ColTable[2].Width = grid.ColTable[4].Width = 30;
+        host.put_ExplorerBar(lorvExSort);
+        EXPECT_EQ(grid.ColTable[2].Width != 30, c.Fits) << &c - cases;
+        EXPECT_EQ(grid.ColTable[4].Width, 30);
+    }
+}
+
 TEST_F(ExplorerBarMember, Repaints)
 {
     OpenWindow();
