@@ -35,11 +35,12 @@ template<class Object> HRESULT ReturnReference(Object** result, Object* object) 
 }
 
 // Getters of what has no meaning in a form designer refuse it: S_OK, LORV_E_DESIGNMODE, or E_POINTER for
-// the out argument.
-inline HRESULT GuardRunTime(Grid& grid, const void* result)
+// the out argument, which is cleared.
+template<class Out> HRESULT GuardRunTime(Grid& grid, Out* result)
 {
     if (!result)
         return E_POINTER;
+    *result = {};
     return IsDesignMode(grid) ? LORV_E_DESIGNMODE : S_OK;
 }
 
