@@ -79,7 +79,7 @@ HRESULT StoreSourceText(Grid& grid, TextSource source, int row, int col, const w
 
 void ReportCellChanged(Grid& grid, int row, int col)
 {
-    if (cellStore.CellChangedRunning)
+    if (cellStore.CellChangedRunning || grid.EventSinks.Size() == 0)
         return;
     cellStore.CellChangedRunning = true;
     event::CellChanged(grid, row, col);
@@ -132,30 +132,62 @@ const wchar_t* GetSourceText(Grid& grid, int row, int col) noexcept
     return cells ? cells[col].Text : nullptr;
 }
 
-HRESULT SetCellText(Grid& grid, int row, int col, const wchar_t* text, int length)
+namespace
 {
-    if (!IsCell(grid, row, col))
-        return LORV_E_INDEX;
-    KeepAlive alive(grid);
-    const wchar_t* present = GetCellText(grid, row, col);
+bool IsChange(const wchar_t* present, const wchar_t* text, int length) noexcept
+{
     if (present == text)
-        return S_OK;
-    if (IsEmpty(present) ? IsEmpty(text, length) : !IsEmpty(text, length) && SameText(present, text, length))
-        return S_OK;
+        return false;
+    if (IsEmpty(present))
+        return !IsEmpty(text, length);
+    return IsEmpty(text, length) || !SameText(present, text, length);
+}
+
+void BeginChange(Grid& grid, int row) noexcept
+{
     if (grid.RowTable[row].Status == lorvrsNew)
         grid.RowTable[row].Status = lorvrsUpdated;
     MarkMergeStale(grid);
+}
 
-    TextSource source = TextSourceOf(grid, row, col);
-    HRESULT result = source == TextSource::OwnStore ? StoreOwnText(grid, row, col, text, length)
-                                                    : StoreSourceText(grid, source, row, col, text, length);
-    if (!IsCell(grid, row, col)) // a source may have changed the grid
-        return result;
+void FinishChange(Grid& grid, int row, int col, HRESULT result)
+{
     if (grid.ColTable[col].ColDataType == lorvDTBoolean && row >= grid.FixedRows)
         if (CellRecord* cells = grid.RowTable[row].Cells)
             cells[col].State &= MergeLinkMask;
     if (result == S_OK)
         ReportCellChanged(grid, row, col);
+}
+
+// A source can change the grid, at reading too.
+HRESULT SetSourceText(Grid& grid, int row, int col, const wchar_t* text, int length)
+{
+    KeepAlive alive(grid);
+    if (!IsChange(GetCellText(grid, row, col), text, length) || !IsCell(grid, row, col))
+        return S_OK;
+    BeginChange(grid, row);
+    TextSource source = TextSourceOf(grid, row, col);
+    HRESULT result = source == TextSource::OwnStore ? StoreOwnText(grid, row, col, text, length)
+                                                    : StoreSourceText(grid, source, row, col, text, length);
+    if (IsCell(grid, row, col))
+        FinishChange(grid, row, col, result);
+    return result;
+}
+} // namespace
+
+// In the own store no foreign code runs before the event, and nothing is looked at after it.
+HRESULT SetCellText(Grid& grid, int row, int col, const wchar_t* text, int length)
+{
+    if (!IsCell(grid, row, col))
+        return LORV_E_INDEX;
+    if (TextSourceOf(grid, row, col) != TextSource::OwnStore) [[unlikely]]
+        return SetSourceText(grid, row, col, text, length);
+    const CellRecord* cells = grid.RowTable[row].Cells;
+    if (!IsChange(cells ? cells[col].Text : nullptr, text, length))
+        return S_OK;
+    BeginChange(grid, row);
+    HRESULT result = StoreOwnText(grid, row, col, text, length);
+    FinishChange(grid, row, col, result);
     return result;
 }
 

@@ -15,7 +15,7 @@ void InvokeSink(IDispatch* sink, DISPID dispid, DISPPARAMS& parameters) noexcept
 
 void Fire(Grid& grid, DISPID dispid, unsigned count, VARIANTARG* arguments)
 {
-    if (grid.Closing)
+    if (grid.Closing || grid.EventSinks.Size() == 0)
         return;
     KeepAlive alive(grid);
     ++grid.InEvent;

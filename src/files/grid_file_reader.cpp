@@ -25,31 +25,31 @@ bool GridFileReader::ReadBytes(void* target, size_t size) noexcept
     return true;
 }
 
-void GridFileReader::Append(size_t& length, size_t count) noexcept
+// Copies what the block has of a text, at most `room` units. True when its zero was reached and passed.
+bool GridFileReader::TakeText(size_t& length, size_t room) noexcept
 {
     const uint8_t* from = block_ + at_;
+    const size_t left = end_ - at_, most = std::min(left, room);
     wchar_t* to = text_ + length;
-    for (size_t i = 0; i < count; ++i)
-        to[i] = from[i];
+    size_t count = 0;
+    while (count < most && from[count]) {
+        to[count] = from[count];
+        ++count;
+    }
+    bool ended = count < left && from[count] == 0;
     length += count;
-    at_ += count;
+    at_ += count + ended;
+    return ended;
 }
 
 GridFileReader::Text GridFileReader::ReadText() noexcept
 {
     size_t length = 0;
     while (at_ != end_ || Fill()) {
-        const void* zero = std::memchr(block_ + at_, 0, end_ - at_);
-        size_t left =
-            zero ? static_cast<size_t>(static_cast<const uint8_t*>(zero) - block_) - at_ : end_ - at_;
-        size_t room = MaxFileText - length;
-        Append(length, std::min(left, room));
-        if (left > room)
+        if (TakeText(length, MaxFileText - length))
             break;
-        if (zero) {
-            ++at_;
+        if (at_ != end_) // cut: the text goes on
             break;
-        }
     }
     text_[length] = 0;
     return {text_, static_cast<int>(length)};

@@ -34,7 +34,7 @@ public:
 private:
     bool ReadBytes(void* target, size_t size) noexcept;
     bool Fill() noexcept;
-    void Append(size_t& length, size_t count) noexcept;
+    bool TakeText(size_t& length, size_t room) noexcept;
 
     static constexpr size_t BlockSize = 1 << 16;
 
