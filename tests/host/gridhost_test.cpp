@@ -219,6 +219,12 @@ TEST_F(GridHost, KeysAndTheWheelReachTheGrid)
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
 }
 
+TEST_F(GridHost, CellsAreEditedByTyping)
+{
+    const Outcome outcome = RunScript(L"tour_editing.vbs", L"--field --check-leaks");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
 TEST_F(GridHost, TheMouseDoesAllItsGestures)
 {
     const Outcome outcome = RunScript(L"tour_mouse.vbs", L"--field --check-leaks");
