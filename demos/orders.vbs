@@ -123,6 +123,8 @@ Sub TakeGestures
     Grid.AllowUserFreezing = lorvFreezeBoth : Tally
     Grid.AutoSearch = lorvSearchFromTop : Tally
     Grid.TabBehavior = lorvTabCells : Tally
+    Grid.Editable = lorvEDKbdMouse : Tally
+    Grid.ColComboList(colRegion) = "North|South|East|West" : Tally
     Grid.ToolTips = True : Tally
     Grid.ScrollTips = True : Tally
 End Sub

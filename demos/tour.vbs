@@ -18,6 +18,7 @@ SortByHeader
 SearchByTyping
 TurnWheel
 GoByTab
+EditCells
 ShowTips
 Host.Title = "The tour: " & stops & " stops"
 
@@ -104,6 +105,22 @@ End Sub
 Sub GoByTab
     Host.Type "{TAB 3}"
     ShowStop "tab"
+End Sub
+
+' A text, an item of a list, a check box.
+Sub EditCells
+    Dim row
+    row = Grid.TopRow + 3
+    Host.Click MiddleX(colCustomer), MiddleY(row)
+    Host.Type "{F2}{END}, Brno"
+    ShowStop "edit"
+    Host.Type "{ENTER}"
+    Host.Click MiddleX(colRegion), MiddleY(row)
+    Host.Type "%{DOWN}{DOWN}"
+    ShowStop "list"
+    Host.Type "{ENTER}"
+    Host.Click MiddleX(colPaid), MiddleY(row)
+    ShowStop "checked"
 End Sub
 
 Sub ShowTips

@@ -198,6 +198,27 @@ TEST_F(GridHost, LeavesAPictureOfTheWholeWindow)
     DeleteFileW(picture.c_str());
 }
 
+TEST_F(GridHost, LeavesAPictureInTheMiddleOfADrag)
+{
+    const std::wstring picture = TemporaryFile(L"gridhost_drag.png");
+    DeleteFileW(picture.c_str());
+    const Outcome outcome =
+        RunScript(L"drag_picture.vbs", (L"--size 320x240 -- \"" + picture + L"\"").c_str());
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+    RECT window = {0, 0, 320, 240};
+    AdjustWindowRect(&window, WS_OVERLAPPEDWINDOW, FALSE);
+    EXPECT_EQ(window.right - window.left, PictureSize(picture).cx);
+    EXPECT_EQ(window.bottom - window.top, PictureSize(picture).cy);
+    DeleteFileW(picture.c_str());
+}
+
+TEST_F(GridHost, SaysThatAnIncludedFileIsNotThere)
+{
+    const Outcome outcome = RunScript(L"include_nothing.vbs");
+    EXPECT_EQ(1u, outcome.exitCode);
+    EXPECT_TRUE(Contains(outcome.output, "include_nothing.vbs(2, ")) << outcome.output;
+}
+
 TEST_F(GridHost, HandsEventArgumentsOver)
 {
     const Outcome outcome = RunScript(L"cell_changed.vbs", L"--check-leaks");
@@ -219,15 +240,15 @@ TEST_F(GridHost, KeysAndTheWheelReachTheGrid)
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
 }
 
-TEST_F(GridHost, CellsAreEditedByTyping)
-{
-    const Outcome outcome = RunScript(L"tour_editing.vbs", L"--field --check-leaks");
-    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
-}
-
 TEST_F(GridHost, TheMouseDoesAllItsGestures)
 {
     const Outcome outcome = RunScript(L"tour_mouse.vbs", L"--field --check-leaks");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
+TEST_F(GridHost, WhatIsTypedAndPickedArrivesInTheCells)
+{
+    const Outcome outcome = RunScript(L"tour_edit.vbs", L"--field --check-leaks");
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
 }
 

@@ -37,6 +37,23 @@ Host.Check Grid.Row = 20, "typing a finds Anton: row " & Grid.Row
 Host.Type "{DOWN}"
 Host.Check Grid.Row = 21 And Not Grid.IsSearching, "an arrow ends the search"
 
+' So do the other keys that move the cursor, and a press of any mouse button.
+Dim keys, i
+keys = Array("{UP}", "{LEFT}", "{RIGHT}", "{HOME}", "{END}", "{PGUP}", "{PGDN}", "{ESC}")
+For i = 0 To UBound(keys)
+    Grid.Select 5, 1
+    log = ""
+    Host.Type "be" & keys(i)
+    Host.Check log = "start end ", keys(i) & " ends the search: " & log
+Next
+For i = 0 To 2
+    Grid.Select 5, 1
+    log = ""
+    Host.Type "be"
+    Host.Click 100, 100 + 20 * i, 2 ^ i
+    Host.Check log = "start end " And Not Grid.IsSearching, "button " & 2 ^ i & " ends the search: " & log
+Next
+
 ' The cursor, with and without Shift and Ctrl.
 Grid.AutoSearch = lorvSearchNone
 Grid.Select 5, 2

@@ -1,0 +1,2 @@
+' Stops at the next line.
+Host.Include "no-such-file.vbs"
