@@ -171,9 +171,9 @@ private:
             {11, "AfterScroll"},      {13, "BeforeSort"},        {14, "AfterSort"},
             {15, "BeforeMoveColumn"}, {16, "AfterMoveColumn"},   {17, "BeforeUserResize"},
             {18, "AfterUserResize"},  {21, "BeforeEdit"},        {22, "StartEdit"},
-            {23, "ValidateEdit"},     {24, "AfterEdit"},         {36, "AfterUserFreeze"},
-            {44, "BeforeMoveRow"},    {45, "AfterMoveRow"},      {52, "EndAutoSearch"},
-            {83, "SetFocus"},         {84, "KillFocus"},
+            {23, "ValidateEdit"},     {24, "AfterEdit"},         {34, "CellButtonClick"},
+            {36, "AfterUserFreeze"},  {44, "BeforeMoveRow"},     {45, "AfterMoveRow"},
+            {52, "EndAutoSearch"},    {83, "SetFocus"},          {84, "KillFocus"},
         };
         auto name = names.find(id);
         return name == names.end() ? std::to_string(id) : name->second;
