@@ -166,11 +166,46 @@ public:
         return true;
     }
 
+    // What a user does to the window of the grid, or to that of an open editor.
+    void SendSomething()
+    {
+        static constexpr UINT messages[] = {
+            WM_KEYDOWN,     WM_KEYDOWN,       WM_KEYUP,       WM_CHAR,       WM_CHAR,       WM_MOUSEMOVE,
+            WM_VSCROLL,     WM_HSCROLL,       WM_SETFOCUS,    WM_KILLFOCUS,  WM_MOUSEWHEEL, WM_SETCURSOR,
+            WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_RBUTTONDOWN, WM_CANCELMODE, WM_SIZE,       WM_TIMER};
+        LONG handle = 0;
+        grid_->get_hWnd(&handle);
+        HWND window = static_cast<HWND>(LongToHandle(handle));
+        HWND grid = window;
+        if (HWND focus = GetFocus(); Chance.OneIn(2) && IsChild(window, focus))
+            window = focus;
+        UINT message = Chance.Any(messages);
+        Trace(message);
+        ++depth_;
+        if (message == WM_KEYDOWN || message == WM_KEYUP)
+            SendMessageW(window, message, Key(), 0);
+        else if (message == WM_CHAR)
+            SendMessageW(window, message, L"aB1-. \r\t"[Chance.Below(8)], 0);
+        else if (message == WM_VSCROLL || message == WM_HSCROLL)
+            SendMessageW(window, message, MAKEWPARAM(Chance.Below(9), Chance.Below(500)), 0);
+        else if (message == WM_MOUSEWHEEL)
+            SendMessageW(window, message, MAKEWPARAM(0, Chance.OneIn(2) ? 120 : -120), 0);
+        else if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDOWN)
+            Press(grid, message); // in an editor a right button opens a menu, and waits
+        else if (message == WM_SETCURSOR)
+            SendMessageW(window, message, reinterpret_cast<WPARAM>(window),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        else
+            SendMessageW(window, message, 0, Position());
+        --depth_;
+    }
+
     // Messages that have come in the meantime, paints among them.
     void Pump() const
     {
         MSG message = {};
         for (int taken = 0; taken < 40 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++taken) {
+            Trace(message.message);
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
@@ -189,6 +224,38 @@ private:
         std::fwprintf(stderr, L"%*ls%ls %d/%d%ls\n", depth_ * 2, L"", member.Name.c_str(),
                       static_cast<int>(member.Id), member.Kind, arguments.Describe().c_str());
         std::fflush(stderr);
+    }
+
+    void Trace(UINT message) const
+    {
+        if (traces_)
+            std::fwprintf(stderr, L"%*lsmessage %x\n", depth_ * 2, L"", message), std::fflush(stderr);
+    }
+
+    WPARAM Key()
+    {
+        static constexpr WPARAM keys[] = {VK_LEFT, VK_RIGHT, VK_UP,   VK_DOWN,   VK_PRIOR,  VK_NEXT,
+                                          VK_HOME, VK_END,   VK_TAB,  VK_RETURN, VK_ESCAPE, VK_F2,
+                                          VK_F4,   VK_SPACE, VK_BACK, VK_DELETE};
+        return Chance.Any(keys);
+    }
+
+    LPARAM Position()
+    {
+        int x = static_cast<int>(Chance.Below(320)) - 10, y = static_cast<int>(Chance.Below(220)) - 10;
+        return MAKELPARAM(x, y);
+    }
+
+    // The moves and the release wait in the queue when the button goes down: what the press begins ends
+    // there.
+    void Press(HWND window, UINT message)
+    {
+        grid_->put_OLEDragMode(lorvOLEDragManual); // a drag of the system's would wait for the real mouse
+        LPARAM at = Position();
+        for (unsigned move = Chance.Below(4); move > 0; --move)
+            PostMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, Position());
+        PostMessageW(window, message == WM_RBUTTONDOWN ? WM_RBUTTONUP : WM_LBUTTONUP, 0, Position());
+        SendMessageW(window, message, MK_LBUTTON, at);
     }
 
     // A picture holds the whole grid, and a bitmap of it every pixel.
@@ -389,6 +456,33 @@ TEST_F(MonkeyTest, CallsBeforeTheControlIsHosted)
         monkey.CallSomething();
     CheckOrder();
     EmptyGrid();
+}
+
+TEST_F(MonkeyTest, CallsBetweenTheMessagesOfAUser)
+{
+    Monkey monkey(grid_.Get());
+    Host();
+    ForeignObject object(monkey);
+    monkey.Values.HostObjects = monkey.Values.AnyObjects = {&object};
+    {
+        Sinks sinks(monkey, Point(DIID__ILorvGridEvents), Point(IID_IPropertyNotifySink));
+        for (int step = 0; step < 4000 && !testing::Test::HasFailure(); ++step) {
+            if (monkey.Chance.OneIn(2))
+                monkey.CallSomething();
+            else
+                monkey.SendSomething();
+            if (step % 20 == 0)
+                monkey.Pump();
+            if (step % 1000 == 0)
+                CheckOrder();
+        }
+        monkey.Enabled = false;
+        monkey.Pump();
+        CheckOrder();
+        EmptyGrid();
+        EXPECT_GT(sinks.Events.Seen.size(), 20u);
+    }
+    Unhost();
 }
 
 TEST_F(MonkeyTest, CallsAfterTheWindowIsGone)
