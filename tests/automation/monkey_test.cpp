@@ -136,6 +136,8 @@ public:
     void CallSomething()
     {
         const CallableMember& member = members_[Chance.Below(static_cast<unsigned>(members_.size()))];
+        if (member.Id == DispidPicture && !Chance.OneIn(8)) // takes as long as a thousand others
+            return;
         RandomArguments arguments;
         arguments.Fill(member, Chance, Values);
         if (traces_)
@@ -466,7 +468,7 @@ TEST_F(MonkeyTest, CallsBetweenTheMessagesOfAUser)
     monkey.Values.HostObjects = monkey.Values.AnyObjects = {&object};
     {
         Sinks sinks(monkey, Point(DIID__ILorvGridEvents), Point(IID_IPropertyNotifySink));
-        for (int step = 0; step < 4000 && !testing::Test::HasFailure(); ++step) {
+        for (int step = 0; step < 3000 && !testing::Test::HasFailure(); ++step) {
             if (monkey.Chance.OneIn(2))
                 monkey.CallSomething();
             else
