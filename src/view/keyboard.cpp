@@ -2,6 +2,7 @@
 
 #include "core/events.h"
 #include "platform/key_state.h"
+#include "platform/window_text.h"
 #include "view/navigate_key.h"
 
 namespace
@@ -12,9 +13,10 @@ constexpr int FirstTypedCharacter = 32;
 // The window that keys belong to while an edit runs: the editor, or the edit box in the drop-down.
 HWND OpenKeyWindow(const Grid& grid) noexcept
 {
-    for (HWND window : {grid.EditBoxWindow, grid.ComboEditBox, grid.ComboWindow})
-        if (window && IsWindowVisible(window))
-            return window;
+    if (IsShown(grid.EditBoxWindow))
+        return grid.EditBoxWindow;
+    if (IsShown(grid.ComboWindow))
+        return grid.ComboEditBox ? grid.ComboEditBox : grid.ComboWindow;
     return nullptr;
 }
 
