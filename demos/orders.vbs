@@ -2,9 +2,6 @@
 ' move their columns, typing searches, edges resize and freeze, tips show what is cut off.
 Option Explicit
 
-Const forReading = 1
-Const unicodeText = -1 ' TristateTrue
-
 Const colNumber = 1, colDate = 2, colCustomer = 3, colRegion = 4, colCity = 5, colProduct = 6
 Const colQuantity = 7, colPrice = 8, colTotal = 9, colPaid = 10, colRush = 11, colDone = 12
 Const colCount = 13 ' with the fixed column
@@ -13,55 +10,53 @@ Const rowTitle = 0, rowHeader = 1, rowFirst = 2
 Dim missing ' members that this build of the control does not have yet
 missing = 0
 
-Dim orders
-orders = ReadLines(Host.DataFile("orders.txt"))
-ShapeGrid UBound(orders)
-FillHeaders orders(0)
-FillOrders orders
+ShapeGrid
+LoadOrders
 Dress
+GoThroughFiles
 SortOrders
 MergeRegions
 TakeGestures
-Host.Title = "Orders: " & UBound(orders) & " rows; " & Found("Rosa", "Jürgen Castaño")
+Host.Title = "Orders: " & Grid.Rows - rowFirst & " rows; " & Found("Rosa", "Jürgen Castaño")
 If missing > 0 Then Host.Echo "members not built yet:", missing
 
-Function ReadLines(file)
-    Dim stream, text
-    Set stream = CreateObject("Scripting.FileSystemObject").OpenTextFile(file, forReading, False, unicodeText)
-    text = stream.ReadAll
-    stream.Close
-    If Right(text, 2) = vbCrLf Then text = Left(text, Len(text) - 2)
-    ReadLines = Split(text, vbCrLf)
-End Function
-
-Sub ShapeGrid(rowCount)
+Sub ShapeGrid
+    Grid.AutoResize = False
     Grid.Cols = colCount
-    Grid.Rows = rowCount + rowFirst
-    Grid.FixedRows = rowFirst
     Grid.FixedCols = 1
     On Error Resume Next
-    Grid.FrozenCols = 3 : Tally
     Grid.Redraw = 0 : Tally
 End Sub
 
-Sub FillHeaders(line)
-    Dim names, i
-    names = Split(line, vbTab)
-    For i = 0 To UBound(names)
-        Grid.TextMatrix(rowHeader, i + 1) = names(i)
-    Next
+' The first line of the file has the headers, so the fixed rows begin with the title alone.
+Sub LoadOrders
+    Dim row
+    Grid.FixedRows = rowHeader
+    Grid.LoadGrid Host.DataFile("orders.txt"), lorvFileTabText
+    Grid.FixedRows = rowFirst
+    Grid.FrozenCols = 3
     Grid.TextMatrix(rowTitle, 1) = "Orders of the years 2023 and 2024, by region and city"
+    For row = rowFirst To Grid.Rows - 1
+        Grid.TextMatrix(row, 0) = row - rowFirst + 1
+    Next
 End Sub
 
-Sub FillOrders(lines)
-    Dim row, col, fields
-    For row = 1 To UBound(lines)
-        fields = Split(lines(row), vbTab)
-        Grid.TextMatrix(row + 1, 0) = row
-        For col = 0 To UBound(fields)
-            Grid.TextMatrix(row + 1, col + 1) = fields(col)
-        Next
-    Next
+' The whole grid goes into a file of its own, that into an archive, and back. The file keeps texts in the code page, so
+' names beyond it come from the data file again. It keeps no unset back colours: the title has one.
+Sub GoThroughFiles
+    Dim files, folder
+    Set files = CreateObject("Scripting.FileSystemObject")
+    folder = Replace(CreateObject("WScript.Shell").ExpandEnvironmentStrings("%TEMP%"), Chr(0), "")
+    On Error Resume Next
+    Grid.Cell(lorvcpBackColor, rowTitle, 1) = Grid.BackColorFixed : Tally
+    Grid.SaveGrid folder & "\orders.lv", lorvFileAll : Tally
+    Grid.Archive folder & "\orders.lzh", folder & "\orders.lv", arcAdd : Tally
+    files.DeleteFile folder & "\orders.lv" : Err.Clear
+    Grid.Rows = 1
+    Grid.Archive folder & "\orders.lzh", folder & "\orders.lv", arcExtract : Tally
+    Grid.LoadGrid folder & "\orders.lv", lorvFileAll : Tally
+    files.DeleteFile folder & "\orders.lv" : files.DeleteFile folder & "\orders.lzh" : Err.Clear
+    LoadOrders
 End Sub
 
 ' What a later build of the control can show more of. Each line may name a member that is not there yet.
