@@ -1,5 +1,6 @@
 #include "edit/combo_list.h"
 
+#include "core/cell_store.h"
 #include "core/upcalls.h"
 #include "edit/list_text.h"
 #include "platform/memory.h"
@@ -166,4 +167,20 @@ void ReleaseComboState(ComboListState& state)
     FreeAndClear(state.ComboTexts);
     FreeAndClear(state.ListText);
     state.ComboCount = 0;
+}
+
+HRESULT SetColumnList(ColRecord& column, const wchar_t* list, bool& changed) noexcept
+{
+    const wchar_t* present = column.ColComboList ? column.ColComboList : L"";
+    if (!list)
+        list = L"";
+    if (CompareStringW(LOCALE_USER_DEFAULT, 0, present, -1, list, -1) == CSTR_EQUAL)
+        return S_OK;
+    if (!IsComboList(list))
+        return LORV_E_VALUE;
+    if (HRESULT result = ReplaceText(column.ColComboList, list); FAILED(result))
+        return result;
+    ParseComboList(column.ComboState, list);
+    changed = true;
+    return S_OK;
 }

@@ -2,6 +2,7 @@
 // A drop-down list as an object: parsed from its text, with its columns measured. Each column of the grid
 // embeds one, so that stored keys show as their texts; the drop-down editor has one with a window.
 
+#include "core/errors.h"
 #include "core/grid_object.h"
 
 // Bits of ComboListState::ComboBits.
@@ -22,3 +23,7 @@ void ClearComboList(ComboListState& state, HWND comboBox = nullptr) noexcept;
 
 // The key of an item, null when the list has none for it.
 const wchar_t* ComboKeyOf(const ComboListState& state, int item) noexcept;
+
+// Sets a column's list, null for none. Hosts set the same list on each move of the cursor: then nothing is
+// parsed, and `changed` stays as it is. LORV_E_VALUE for what is no list, LORV_E_MEMORY.
+HRESULT SetColumnList(ColRecord& column, const wchar_t* list, bool& changed) noexcept;

@@ -7,6 +7,7 @@
 #include "core/row_col.h"
 #include "core/upcalls.h"
 #include "core/value_format.h"
+#include "edit/combo_list.h"
 #include "files/grid_file_fields.h"
 #include "files/grid_file_reader.h"
 #include "platform/bstr.h"
@@ -296,7 +297,10 @@ HRESULT GridFileLoader::LoadAllColumnTexts()
     if (!IsExtended())
         return result;
     if (SUCCEEDED(result))
-        result = LoadColumnTexts(TakesFormat(), replace(&ColRecord::ColComboList));
+        result = LoadColumnTexts(TakesFormat(), [this](int col, const wchar_t* text) {
+            bool changed = false;
+            return SetColumnList(grid_.ColTable[col], text, changed);
+        });
     if (SUCCEEDED(result))
         result = LoadColumnTexts(TakesFormat(), replace(&ColRecord::ColEditMask));
     return SUCCEEDED(result) ? LoadColumnTexts(true, replace(&ColRecord::ColKey)) : result;

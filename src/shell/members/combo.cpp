@@ -16,25 +16,6 @@ const wchar_t* TextOf(const wchar_t* text) noexcept
     return text ? text : L"";
 }
 
-bool SortsEqual(const wchar_t* left, const wchar_t* right) noexcept
-{
-    return CompareStringW(LOCALE_USER_DEFAULT, 0, TextOf(left), -1, TextOf(right), -1) == CSTR_EQUAL;
-}
-
-// Hosts set the same list on each move of the cursor: then nothing is parsed.
-HRESULT SetColumnList(ColRecord& column, const wchar_t* list, bool& changed) noexcept
-{
-    if (SortsEqual(column.ColComboList, list))
-        return S_OK;
-    if (!IsComboList(list))
-        return LORV_E_VALUE;
-    if (HRESULT result = ReplaceText(column.ColComboList, list); FAILED(result))
-        return result;
-    ParseComboList(column.ComboState, list);
-    changed = true;
-    return S_OK;
-}
-
 // The item that an argument names: the current one when it is no number.
 HRESULT FindItem(const Grid& grid, const VARIANT& index, int& item)
 {
@@ -121,8 +102,8 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_ColComboList(LONG col, BSTR* result)
 HRESULT STDMETHODCALLTYPE GridMembers::put_ColComboList(LONG col, BSTR value)
 {
     bool changed = false;
-    HRESULT result = ForCols(
-        *this, col, [&](int index) { return SetColumnList(ColTable[index], TextOf(value), changed); });
+    HRESULT result =
+        ForCols(*this, col, [&](int index) { return SetColumnList(ColTable[index], value, changed); });
     if (changed)
         RepaintCell(*this, Row, Col);
     return result;

@@ -289,6 +289,7 @@ TEST(LoadDelimitedText, ShowsTheFirstScreenOnceWhenThereAre500Rows)
     };
     ASSERT_EQ(S_OK, LoadText(grid, text, lorvFileCommaText, DelimitedIncludeFixed));
     EXPECT_EQ(changes, 510);
+    EXPECT_EQ(grid.RowCapacity, 600) << "no room that was made ahead is kept";
 }
 
 // A line of very many separators costs no more than its columns do.

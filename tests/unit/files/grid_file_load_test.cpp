@@ -87,6 +87,16 @@ TEST(LoadBinaryGrid, BringsBackWhatWasSaved)
     EXPECT_EQ(Describe(*format->Data), L"BSTR cell");
 }
 
+TEST(LoadBinaryGrid, SetsTheListsOfColumnsSoThatKeysShowAsTexts)
+{
+    SmallGrid grid(2, 2), other(2, 2);
+    ReplaceText(grid.ColTable[1].ColComboList, L"#1;One|#2;Two");
+    grid.Set(1, 1, L"2");
+    ASSERT_EQ(S_OK, Load(other, Saved(grid)));
+    EXPECT_STREQ(other.ColTable[1].ColComboList, L"#1;One|#2;Two");
+    EXPECT_STREQ(GetDisplayText(other, 1, 1), L"Two");
+}
+
 // A cell that had no back colour of its own comes back with one of 0.
 TEST(LoadBinaryGrid, WritesEveryPropertyOfAFormatWhetherItWasSetOrNot)
 {
@@ -517,6 +527,31 @@ TEST(LoadBinaryGrid, ShowsTheFirstScreenAt500Rows)
     };
     ASSERT_EQ(S_OK, Load(grid, file));
     EXPECT_EQ(tops, (std::vector<int>{grid.FixedRows, 77, grid.FixedRows}));
+}
+
+int paints;
+LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM w, LPARAM l)
+{
+    if (message != WM_PAINT)
+        return DefWindowProcW(window, message, w, l);
+    ++paints;
+    ValidateRect(window, nullptr);
+    return 0;
+}
+
+TEST(LoadBinaryGrid, PaintsOnceAndOnlyIfThereAreThatManyRows)
+{
+    for (int rows : {500, 501, 1200}) {
+        SmallGrid sample(rows, 1), grid(2, 2);
+        const Bytes file = Saved(sample);
+        grid.Window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                      nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(grid.Window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountPaints));
+        paints = 0;
+        EXPECT_EQ(S_OK, Load(grid, file));
+        EXPECT_EQ(paints, rows > 500) << rows;
+        DestroyWindow(std::exchange(grid.Window, nullptr));
+    }
 }
 
 // Handlers can do anything while the cells come in.
