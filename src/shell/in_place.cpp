@@ -4,6 +4,8 @@
 #include "shell/control.h"
 #include "shell/window.h"
 
+#include <utility>
+
 HRESULT InPlaceObject::Activate(LONG verb, LPCRECT position)
 {
     KeepAlive alive(grid_);
@@ -71,6 +73,8 @@ HRESULT InPlaceObject::ActivateInterface(Place& place)
 {
     if (uiActive_)
         return S_OK;
+    if (leaving_)
+        return E_UNEXPECTED;
     uiActive_ = true;
     ComPtr<IOleInPlaceSite> site(grid_.InPlaceSite);
     if (HRESULT result = site->OnUIActivate(); FAILED(result)) {
@@ -128,10 +132,14 @@ HRESULT InPlaceObject::InPlaceDeactivate()
     return S_OK;
 }
 
+// An open editor that goes away hands its focus to the grid, which must not become the active object by it.
 void InPlaceObject::DestroyControlWindow() noexcept
 {
-    if (grid_.Window)
-        DestroyWindow(grid_.Window);
+    if (!grid_.Window)
+        return;
+    bool leaving = std::exchange(leaving_, true);
+    DestroyWindow(grid_.Window);
+    leaving_ = leaving;
 }
 
 HRESULT InPlaceObject::GetWindow(HWND* window)

@@ -52,4 +52,5 @@ private:
     void OfferAsActiveObject(Place& place, bool active);
 
     bool uiActive_ = false;
+    bool leaving_ = false; // the window is being destroyed
 };

@@ -246,6 +246,12 @@ TEST_F(GridHost, TheMouseDoesAllItsGestures)
     EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
 }
 
+TEST_F(GridHost, KeysLeaveTheEditorOrStayInIt)
+{
+    const Outcome outcome = RunScript(L"tour_editing.vbs", L"--field --check-leaks");
+    EXPECT_EQ(0u, outcome.exitCode) << outcome.output;
+}
+
 TEST_F(GridHost, WhatIsTypedAndPickedArrivesInTheCells)
 {
     const Outcome outcome = RunScript(L"tour_edit.vbs", L"--field --check-leaks");
