@@ -48,7 +48,7 @@ EventTexts::Handler AnswerKey(short key)
 {
     return [=](DISPPARAMS& parameters) { *parameters.rgvarg[parameters.cArgs - 1].piVal = key; };
 }
-constexpr DISPID KeyDownId = -602, KeyPressId = -603, KeyUpId = -604, BeforeEditId = 21;
+constexpr DISPID KeyDownId = -602;
 } // namespace
 
 TEST_F(KeyboardOfHost, AKeyGoesDownTypesAndComesUp)

@@ -52,7 +52,7 @@ protected:
 private:
     std::string text_;
 };
-constexpr DISPID KeyDownId = -602, KeyPressId = -603, KeyUpId = -604;
+constexpr DISPID KeyDownId = -602, KeyUpId = -604;
 } // namespace
 
 TEST_F(Keyboard, EventsCarryTheModifiers)
