@@ -1,5 +1,6 @@
 ' The main demo: a list of orders from a data file, with headers, frozen columns and colours. Headers sort and
-' move their columns, typing searches, edges resize and freeze, tips show what is cut off.
+' move their columns, typing searches, edges resize and freeze, tips show what is cut off, cells
+' are edited.
 Option Explicit
 
 Const colNumber = 1, colDate = 2, colCustomer = 3, colRegion = 4, colCity = 5, colProduct = 6
@@ -17,6 +18,7 @@ GoThroughFiles
 SortOrders
 MergeRegions
 TakeGestures
+TakeEdits
 Host.Title = "Orders: " & Grid.Rows - rowFirst & " rows; " & Found("Rosa", "Jürgen Castaño")
 If missing > 0 Then Host.Echo "members not built yet:", missing
 
@@ -62,7 +64,7 @@ End Sub
 ' What a later build of the control can show more of. Each line may name a member that is not there yet.
 Sub Dress
     Dim widths, i
-    widths = Array(600, 780, 1150, 2100, 900, 1300, 1500, 900, 1050, 1200, 650, 650, 1200)
+    widths = Array(600, 780, 1150, 2100, 900, 1300, 1500, 900, 1050, 1200, 650, 900, 1200)
     On Error Resume Next
     For i = 0 To colCount - 1
         Grid.ColWidth(i) = widths(i) : Tally
@@ -82,9 +84,8 @@ Sub Dress
     Grid.ColFormat(colPrice) = "#,##0.00" : Tally
     Grid.ColFormat(colTotal) = "#,##0.00" : Tally
     Grid.ColDataType(colPaid) = 11 : Tally
-    Grid.ColDataType(colRush) = 11 : Tally
     Grid.ColDataType(colDate) = lorvDTDate : Tally
-    Grid.ColFormat(colDate) = "d mmm yyyy" : Tally
+    Grid.ColFormat(colDate) = "yyyy-mm-dd" : Tally
     Grid.RowHeight(rowTitle) = 480 : Tally
     Grid.Cell(lorvcpFontSize, rowTitle, 1) = 13 : Tally
     Grid.Cell(lorvcpFontBold, rowTitle, 1) = True : Tally
@@ -122,6 +123,48 @@ Sub TakeGestures
     Grid.ColComboList(colRegion) = "North|South|East|West" : Tally
     Grid.ToolTips = True : Tally
     Grid.ScrollTips = True : Tally
+End Sub
+
+' What a person may change: dates under a mask, products from a list with their prices, rush by its words, paid by
+' a check box; a button beside the customer tells of the order.
+Sub TakeEdits
+    On Error Resume Next
+    Grid.Editable = lorvEDKbdMouse : Tally
+    Grid.ColEditMask(colDate) = "0000-00-00" : Tally
+    Grid.ColComboList(colProduct) = ProductList : Tally
+    Grid.ColComboList(colRush) = "#0;Normal|#1;Express" : Tally
+    Grid.ColComboList(colCustomer) = "|..." : Tally
+End Sub
+
+' Each product with what it cost first, in two columns.
+Function ProductList
+    Dim prices, row, product
+    Set prices = CreateObject("Scripting.Dictionary")
+    For row = rowFirst To Grid.Rows - 1
+        product = Grid.TextMatrix(row, colProduct)
+        If Not prices.Exists(product) Then prices.Add product, Grid.TextMatrix(row, colPrice)
+    Next
+    ProductList = ""
+    For Each product In prices.Keys
+        If Len(ProductList) > 0 Then ProductList = ProductList & "|"
+        ProductList = ProductList & product & vbTab & prices.Item(product)
+    Next
+End Function
+
+Sub Grid_CellButtonClick(Row, Col)
+    MsgBox Grid.TextMatrix(Row, colCustomer) & ", " & Grid.TextMatrix(Row, colCity), 0, _
+        "Order " & Grid.TextMatrix(Row, colNumber)
+End Sub
+
+' A quantity that cannot be comes back, with the reason in the title.
+Sub Grid_ValidateEdit(Row, Col, Cancel)
+    If Col <> colQuantity Then Exit Sub
+    If Not IsNumeric(Grid.EditText) Then
+        Cancel = True
+    ElseIf CDbl(Grid.EditText) < 1 Or CDbl(Grid.EditText) > 999 Then
+        Cancel = True
+    End If
+    If Cancel Then Host.Title = "A quantity is a number from 1 to 999, not " & Grid.EditText
 End Sub
 
 ' The whole text of a cell that does not show all of it, and the order that it belongs to.

@@ -73,14 +73,41 @@ bool CreateCombo(Grid& grid, const wchar_t* list, HFONT font)
     return window != nullptr;
 }
 
+// A list that is not being drawn takes many items without counting its pages after each.
+class QuietList
+{
+public:
+    explicit QuietList(HWND comboBox) noexcept
+    {
+        COMBOBOXINFO info = {};
+        info.cbSize = sizeof(info);
+        if (GetComboBoxInfo(comboBox, &info))
+            list_ = info.hwndList;
+        Draw(FALSE);
+    }
+    QuietList(const QuietList&) = delete;
+    QuietList& operator=(const QuietList&) = delete;
+    ~QuietList() { Draw(TRUE); }
+
+private:
+    void Draw(WPARAM on) const noexcept
+    {
+        if (list_)
+            SendMessageW(list_, WM_SETREDRAW, on, 0);
+    }
+    HWND list_ = nullptr;
+};
+
+// A context in memory measures as that of the window does.
 void LoadList(Grid& grid, const wchar_t* list, HFONT font)
 {
-    HDC dc = GetDC(grid.ComboWindow);
+    HDC dc = CreateCompatibleDC(nullptr);
     {
+        QuietList quiet(grid.ComboWindow);
         SelectedObject selected(dc, font);
         ParseComboList(grid.EditorList, list, dc, grid.ComboWindow);
     }
-    ReleaseDC(grid.ComboWindow, dc);
+    DeleteDC(dc);
 }
 
 // The frame around the text of the selected item.

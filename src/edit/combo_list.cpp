@@ -6,6 +6,7 @@
 #include "platform/memory.h"
 
 #include <algorithm>
+#include <cwchar>
 
 static_assert(MaxListColumns == MaxComboColumns);
 
@@ -174,7 +175,9 @@ HRESULT SetColumnList(ColRecord& column, const wchar_t* list, bool& changed) noe
     const wchar_t* present = column.ColComboList ? column.ColComboList : L"";
     if (!list)
         list = L"";
-    if (CompareStringW(LOCALE_USER_DEFAULT, 0, present, -1, list, -1) == CSTR_EQUAL)
+    // The collation takes its time over long texts, which are mostly the same to the letter.
+    if (std::wcscmp(present, list) == 0 ||
+        CompareStringW(LOCALE_USER_DEFAULT, 0, present, -1, list, -1) == CSTR_EQUAL)
         return S_OK;
     if (!IsComboList(list))
         return LORV_E_VALUE;

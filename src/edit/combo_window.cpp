@@ -6,40 +6,101 @@
 #include "edit/combo_search.h"
 #include "platform/module.h"
 
-#include <commctrl.h>
-
 #include <utility>
 
 namespace
 {
-void Forget(Grid& grid, HWND window) noexcept
+constexpr wchar_t ClassName[] = L"LorvGrid8Combo";
+
+// The system's combo box, which ours is made of. Our pointers come behind its own bytes.
+struct BaseClass {
+    WNDPROC Procedure = nullptr;
+    int Extra = 0;
+    int GridAt() const noexcept { return Extra; }
+    int InnerAt() const noexcept { return Extra + static_cast<int>(sizeof(void*)); }
+};
+BaseClass base;
+
+Grid* GridOf(HWND comboBox) noexcept
 {
-    if (grid.ComboWindow == window)
-        grid.ComboWindow = nullptr;
-    if (grid.ComboEditBox == window)
-        grid.ComboEditBox = nullptr;
+    return reinterpret_cast<Grid*>(GetWindowLongPtrW(comboBox, base.GridAt()));
 }
 
-LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR map,
-                                DWORD_PTR data)
+// What the window would do without us.
+LRESULT CallSystem(HWND window, CMyCombo::Map map, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    Grid& grid = *reinterpret_cast<Grid*>(data);
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, ComboProcedure, map);
-        Forget(grid, window);
-        return DefSubclassProc(window, message, wParam, lParam);
-    }
+    WNDPROC procedure = base.Procedure;
+    if (map == CMyCombo::EditBoxMap)
+        procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(GetParent(window), base.InnerAt()));
+    return procedure ? CallWindowProcW(procedure, window, message, wParam, lParam)
+                     : DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT Process(Grid& grid, HWND window, CMyCombo::Map map, UINT message, WPARAM wParam, LPARAM lParam)
+{
     KeepAlive alive(grid);
     LRESULT result = 0;
-    if (CMyCombo(grid, window, static_cast<CMyCombo::Map>(map))
-            .ProcessWindowMessage(message, wParam, lParam, result))
+    if (CMyCombo(grid, window, map).ProcessWindowMessage(message, wParam, lParam, result))
         return result;
-    return DefSubclassProc(window, message, wParam, lParam);
+    return CallSystem(window, map, message, wParam, lParam);
 }
 
-void Subclass(Grid& grid, HWND window, CMyCombo::Map map) noexcept
+LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    SetWindowSubclass(window, ComboProcedure, map, reinterpret_cast<DWORD_PTR>(&grid));
+    constexpr auto map = CMyCombo::ComboBoxMap;
+    Grid* grid = GridOf(window);
+    if (message == WM_NCCREATE) {
+        grid = static_cast<Grid*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        SetWindowLongPtrW(window, base.GridAt(), reinterpret_cast<LONG_PTR>(grid));
+    }
+    if (grid && message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, base.GridAt(), 0);
+        if (grid->ComboWindow == window)
+            grid->ComboWindow = nullptr;
+        grid = nullptr;
+    }
+    return grid ? Process(*grid, window, map, message, wParam, lParam)
+                : CallSystem(window, map, message, wParam, lParam);
+}
+
+LRESULT CALLBACK EditBoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    constexpr auto map = CMyCombo::EditBoxMap;
+    Grid* grid = GridOf(GetParent(window));
+    if (grid && message == WM_NCDESTROY) {
+        if (grid->ComboEditBox == window)
+            grid->ComboEditBox = nullptr;
+        grid = nullptr;
+    }
+    return grid ? Process(*grid, window, map, message, wParam, lParam)
+                : CallSystem(window, map, message, wParam, lParam);
+}
+
+void SubclassEditBox(HWND comboBox, HWND editBox) noexcept
+{
+    LONG_PTR before = SetWindowLongPtrW(editBox, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditBoxProcedure));
+    SetWindowLongPtrW(comboBox, base.InnerAt(), before);
+}
+
+// A combo box of our own class: the system's class is the whole process's and stays as it is.
+bool RegisterComboClass() noexcept
+{
+    WNDCLASSEXW info = {};
+    info.cbSize = sizeof(info);
+    if (GetClassInfoExW(ModuleInstance(), ClassName, &info) && base.Procedure)
+        return true;
+    info = {};
+    info.cbSize = sizeof(info);
+    if (!GetClassInfoExW(nullptr, L"ComboBox", &info))
+        return false;
+    base = {info.lpfnWndProc, info.cbWndExtra};
+    info.style &= ~static_cast<UINT>(CS_GLOBALCLASS);
+    info.cbWndExtra += 2 * static_cast<int>(sizeof(void*));
+    info.lpfnWndProc = ComboProcedure;
+    info.hInstance = ModuleInstance();
+    info.lpszClassName = ClassName;
+    UnregisterClassW(ClassName, ModuleInstance()); // of a module that was here before
+    return RegisterClassExW(&info) != 0;
 }
 
 bool TakesFreeText(const Grid& grid) noexcept
@@ -58,20 +119,19 @@ HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
     if (HWND old = std::exchange(grid.ComboWindow, nullptr))
         DestroyWindow(old);
     grid.ComboEditBox = nullptr;
+    if (!RegisterComboClass())
+        return nullptr;
     const RECT& area = grid.EditRect;
-    HWND window = CreateWindowExW(styleEx, WC_COMBOBOXW, nullptr, style, area.left, area.top,
-                                  area.right - area.left, area.bottom - area.top, grid.Window,
-                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(EditorCombo)),
-                                  ModuleInstance(), nullptr);
+    HWND window =
+        CreateWindowExW(styleEx, ClassName, nullptr, style, area.left, area.top, area.right - area.left,
+                        area.bottom - area.top, grid.Window,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(EditorCombo)), ModuleInstance(), &grid);
     if (!window)
         return nullptr;
     grid.ComboWindow = window;
-    Subclass(grid, window, ComboBoxMap);
-    HWND inner = TakesFreeText(grid) ? GetWindow(window, GW_CHILD) : nullptr;
-    if (inner) {
-        grid.ComboEditBox = inner;
-        Subclass(grid, inner, EditBoxMap);
-    }
+    grid.ComboEditBox = TakesFreeText(grid) ? GetWindow(window, GW_CHILD) : nullptr;
+    if (grid.ComboEditBox)
+        SubclassEditBox(window, grid.ComboEditBox);
     return window;
 }
 
@@ -115,7 +175,7 @@ bool CMyCombo::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, 
 void CMyCombo::PassOn(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (IsWindow(window_))
-        DefSubclassProc(window_, message, wParam, lParam);
+        CallSystem(window_, map_, message, wParam, lParam);
 }
 
 // Whether a key moves on to another cell. Up and Down stay: they walk through the items.
