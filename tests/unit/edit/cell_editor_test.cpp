@@ -18,6 +18,35 @@ std::string RectOf(HWND window, HWND parent)
     return std::to_string(area.left) + "," + std::to_string(area.top) + "," + std::to_string(area.right) +
            "," + std::to_string(area.bottom);
 }
+
+// The margins and fonts that this thread sends, as text.
+class SentMessages
+{
+public:
+    SentMessages() : hook_(SetWindowsHookExW(WH_CALLWNDPROC, See, nullptr, GetCurrentThreadId()))
+    {
+        text_.clear();
+    }
+    SentMessages(const SentMessages&) = delete;
+    SentMessages& operator=(const SentMessages&) = delete;
+    ~SentMessages() { UnhookWindowsHookEx(hook_); }
+    const std::string& Text() const { return text_; }
+
+private:
+    static LRESULT CALLBACK See(int code, WPARAM wParam, LPARAM lParam)
+    {
+        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+        if (sent.message == EM_SETMARGINS)
+            text_ += "margins(" + std::to_string(LOWORD(sent.lParam)) + "," +
+                     std::to_string(HIWORD(sent.lParam)) + ") ";
+        if (sent.message == WM_SETFONT)
+            text_ += "font ";
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static inline std::string text_;
+    HHOOK hook_;
+};
 } // namespace
 
 TEST_F(CellEditor, FiresItsEventsInOrder)
@@ -348,6 +377,31 @@ TEST_F(CellEditor, TheStyleFollowsWrappingAndAlignment)
         live.Open();
         EXPECT_EQ(style, c.Style) << c.Alignment << c.Wraps << c.RightToLeft;
         EXPECT_EQ(styleEx, 0);
+        CommitEdit(grid, true);
+    }
+}
+
+// What the platform makes of the margins when it gets the font stays: the messages and their order count.
+TEST_F(CellEditor, GetsMarginsAndThenItsFont)
+{
+    const struct {
+        int Alignment;
+        uint32_t Flags;
+        const char* Messages;
+    } cases[] = {
+        {lorvAlignLeftCenter, 0, "margins(0,0) margins(14,4) font "},
+        {lorvAlignRightCenter, 0, "margins(0,0) margins(4,14) font "},
+        {lorvAlignCenterCenter, 0, "margins(0,0) font "},
+        {lorvAlignLeftCenter, lorvCFNoEditIndent, "margins(0,0) font "},
+    };
+    live.Put(1, 1, L"text");
+    grid.ColTable[1].Indent = 10;
+    for (const auto& c : cases) {
+        grid.ColTable[1].Alignment = static_cast<int8_t>(c.Alignment);
+        grid.Flags = c.Flags;
+        SentMessages sent;
+        live.Open();
+        EXPECT_EQ(sent.Text(), c.Messages) << c.Alignment;
         CommitEdit(grid, true);
     }
 }
