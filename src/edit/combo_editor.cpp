@@ -364,8 +364,6 @@ void DropStaleComboWindow(Grid& grid)
 
 void ReleaseEditorList(Grid& grid)
 {
-    HWND window = grid.ComboWindow;
-    ClearComboList(grid.EditorList, window);
-    if (window)
-        DestroyWindow(window);
+    ClearComboList(grid.EditorList, grid.ComboWindow);
+    CMyCombo::Destroy(grid);
 }

@@ -21,6 +21,18 @@ struct BaseClass {
 };
 BaseClass base;
 
+// Messages of drop-downs that are under way, one inside another.
+int running = 0;
+
+class Running
+{
+public:
+    Running() noexcept { ++running; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() { --running; }
+};
+
 Grid* GridOf(HWND comboBox) noexcept
 {
     return reinterpret_cast<Grid*>(GetWindowLongPtrW(comboBox, base.GridAt()));
@@ -39,6 +51,7 @@ LRESULT CallSystem(HWND window, CMyCombo::Map map, UINT message, WPARAM wParam, 
 LRESULT Process(Grid& grid, HWND window, CMyCombo::Map map, UINT message, WPARAM wParam, LPARAM lParam)
 {
     KeepAlive alive(grid);
+    Running underWay;
     LRESULT result = 0;
     if (CMyCombo(grid, window, map).ProcessWindowMessage(message, wParam, lParam, result))
         return result;
@@ -116,9 +129,7 @@ WPARAM AsKey(short code) noexcept
 
 HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
 {
-    if (HWND old = std::exchange(grid.ComboWindow, nullptr))
-        DestroyWindow(old);
-    grid.ComboEditBox = nullptr;
+    Destroy(grid);
     if (!RegisterComboClass())
         return nullptr;
     const RECT& area = grid.EditRect;
@@ -133,6 +144,22 @@ HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
     if (grid.ComboEditBox)
         SubclassEditBox(window, grid.ComboEditBox);
     return window;
+}
+
+// A window whose own message is under way goes when that is done: the system's combo box does not expect to
+// go in the course of what it tells its parent.
+void CMyCombo::Destroy(Grid& grid) noexcept
+{
+    grid.ComboEditBox = nullptr;
+    HWND window = std::exchange(grid.ComboWindow, nullptr);
+    if (!window)
+        return;
+    if (running == 0) {
+        DestroyWindow(window);
+        return;
+    }
+    ShowWindow(window, SW_HIDE);
+    PostMessageW(window, WM_CLOSE, 0, 0);
 }
 
 // Hidden after an edit, the windows are the system's alone.

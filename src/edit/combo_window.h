@@ -17,6 +17,7 @@ public:
 
     // Makes the windows, hidden and empty, in the place of the last ones; null when they cannot be made.
     static HWND Create(Grid& grid, DWORD style, DWORD styleEx) noexcept;
+    static void Destroy(Grid& grid) noexcept;
 
     // Handles a message. False leaves it to the system's procedure.
     virtual bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

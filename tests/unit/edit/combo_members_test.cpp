@@ -44,6 +44,8 @@ TEST_F(ComboMembers, AreNotReadInDesignMode)
     EXPECT_EQ(grid.get_EditMask(&text), LORV_E_DESIGNMODE);
     EXPECT_EQ(grid.get_ComboIndex(&number), LORV_E_DESIGNMODE);
     EXPECT_EQ(grid.get_ComboCount(&number), LORV_E_DESIGNMODE);
+    EXPECT_EQ(grid.get_ComboItem(missing, &text), LORV_E_DESIGNMODE);
+    EXPECT_EQ(grid.get_ComboData(missing, &text), LORV_E_DESIGNMODE);
     EXPECT_EQ(grid.get_ColComboList(1, &text), S_OK);
     EXPECT_EQ(grid.get_ColEditMask(1, &text), S_OK);
 }
