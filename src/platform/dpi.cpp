@@ -42,11 +42,11 @@ int TwipsToPixelsY(int twips) noexcept
 }
 int HimetricToPixelsX(int extent) noexcept
 {
-    return MulDiv(ScreenCaps(LOGPIXELSX), extent, 2540);
+    return MulDiv(LogPixelsX(), extent, 2540);
 }
 int HimetricToPixelsY(int extent) noexcept
 {
-    return MulDiv(ScreenCaps(LOGPIXELSY), extent, 2540);
+    return MulDiv(LogPixelsY(), extent, 2540);
 }
 
 int DpiScale(int pixels) noexcept

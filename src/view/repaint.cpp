@@ -26,7 +26,9 @@ void RepaintCell(Grid& grid, int row, int col)
     if (grid.Redraw == lorvRDNone)
         return;
     bool merges = MergesAtAll(grid);
-    if (!merges && !IsCellVisible(grid, row, col))
+    // Without a window the site is asked for all of it anyway, and looking whether the cell is in view could
+    // go over every row: before the first site has given the grid its font, rows have no height.
+    if (!merges && grid.Window && !IsCellVisible(grid, row, col))
         return;
     // Any merged range can have changed its shape.
     if (!grid.Window || (merges && HasOption(grid, OptionMergeStale))) {
