@@ -7,6 +7,7 @@
 #include "edit/check_toggle.h"
 #include "edit/combo_editor.h"
 #include "edit/combo_list.h"
+#include "edit/list_text.h"
 #include "edit/mask.h"
 #include "edit/text_editor.h"
 #include "platform/dpi.h"
@@ -15,13 +16,10 @@
 #include "view/mouse_cursor.h"
 #include "view/scroll.h"
 
-#include <cwchar>
 #include <utility>
 
 namespace
 {
-constexpr wchar_t ButtonOnly[] = L"...";
-constexpr wchar_t TextAndButton[] = L"|...";
 // Handlers of BeforeEdit that ask for an edit themselves get so many; then there is an end of it.
 constexpr int DeepestEdit = 8;
 
@@ -67,8 +65,8 @@ bool ClickButton(Grid& grid)
 bool OpenEditor(Grid& grid, int key)
 {
     const wchar_t* list = ListOfCell(grid, grid.EditCol);
-    bool buttonOnly = std::wcscmp(list, ButtonOnly) == 0;
-    bool textAndButton = std::wcscmp(list, TextAndButton) == 0;
+    bool buttonOnly = IsButtonList(list);
+    bool textAndButton = IsEditWithButtonList(list);
     if (buttonOnly)
         return (key == EditByMouse || key == EditSelectAll || key == EditPlain) && ClickButton(grid);
     if (textAndButton && key == EditPlain)
