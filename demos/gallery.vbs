@@ -1,5 +1,7 @@
 ' The gallery: a picture of every look that the grid has, with a page that shows them by family.
 ' gridhost demos\gallery.vbs --out build\gallery -- build\gallery [FAMILY]
+' gridhost demos\gallery.vbs --classic --out build\gallery\classic -- build\gallery\classic [FAMILY]
+' The first has the headers, boxes and buttons of the system's theme, the second those of a host without one.
 Option Explicit
 
 Dim page, family, shots, missing, stamp
@@ -118,18 +120,49 @@ For style = 0 To 10
     Grid.Cell(lorvcpPictureAlignment, 1 + style Mod 4, 1 + style \ 4) = style
 Next
 Shot "pictures"
+
+Begin "buttons", "Cell buttons, sort marks"
+For style = 0 To 2
+    ButtonSheet
+    Grid.ShowComboButton = style
+    Grid.Select 2, 1
+    Host.Pump 50
+    Shot NameAt("editing focus always", style)
+Next
+Grid.Select 2, 1
+Grid.EditCell
+Host.Pump 50
+Shot "edited"
+Host.Type "{ESC}"
+ButtonSheet
+Set Grid.CellButtonPicture = stamp
+Grid.RightToLeft = True
+Shot "right-to-left"
+Grid.RightToLeft = False
 Base
-Grid.Editable = 1
-Grid.ShowComboButton = lorvSBAlways
-Grid.ColComboList(1) = "one|two|three"
-Grid.ColComboList(2) = "..."
-Grid.ColComboList(3) = "|..."
-Shot "buttons"
-Base
+For style = 1 To 4
+    Grid.ColAlignment(style) = NameAt("1 1 4 7 1", style)
+Next
 Grid.ExplorerBar = lorvExSortShow
-Grid.Select 1, 2
-Grid.Sort = lorvSortGenericDescending
-Shot "sort-mark"
+Host.Pump 50
+Host.Click 60, 8
+Host.Pump 50
+Shot "ascending"
+Host.Click 140, 8
+Host.Pump 50
+Host.Click 141, 8
+Host.Pump 50
+Shot "descending-centred"
+Host.Click 225, 8
+Host.Pump 50
+Shot "ascending-right"
+Set Grid.SortAscendingPicture = stamp
+Shot "picture"
+Set Grid.SortAscendingPicture = Nothing
+Host.MoveMouse 140, 8
+Host.Pump 50
+Shot "hot-header"
+Host.MoveMouse 140, 210
 
 Begin "frame", "Appearance, headers, frozen cells, wallpaper"
 For style = 0 To 3
@@ -145,6 +178,9 @@ Grid.FrozenRows = 2
 Grid.FrozenCols = 1
 Grid.BackColorFrozen = RGB(235, 250, 235)
 Shot "frozen"
+Base
+Grid.AllowUserFreezing = lorvFreezeBoth
+Shot "may-freeze"
 Base
 Grid.RightToLeft = True
 Shot "right-to-left"
@@ -209,8 +245,19 @@ Sub Base
         Grid.TextMatrix(row, 2) = row * 375.25
         Grid.TextMatrix(row, 3) = NameAt("- Oslo Rome Lima Kyiv Bern Riga Doha Male", row)
     Next
+    Grid.Select 1, 1
     Grid.Redraw = lorvRDDirect
     Err.Clear
+End Sub
+
+' Lists in three columns: values to choose from, and the two kinds of buttons with dots.
+Sub ButtonSheet
+    Base
+    Grid.Editable = 1
+    Grid.ShowComboButton = lorvSBAlways
+    Grid.ColComboList(1) = "Ann|Bob|Cleo"
+    Grid.ColComboList(2) = "..."
+    Grid.ColComboList(3) = "|..."
 End Sub
 
 ' Every property that a picture may have changed.
@@ -237,6 +284,8 @@ Sub ResetLook
     Grid.ShowComboButton = lorvSBFocus
     Grid.ExplorerBar = 0
     Grid.MergeCells = 0
+    Grid.AllowUserFreezing = 0
+    Set Grid.CellButtonPicture = Nothing
     Set Grid.WallPaper = Nothing
 End Sub
 

@@ -10,6 +10,7 @@
 #include "screenshot.h"
 #include "script_engine.h"
 #include "text_io.h"
+#include "themes.h"
 #include <ole2.h>
 #include <shellapi.h>
 
@@ -174,6 +175,8 @@ int main()
         PrintError(L"gridhost: " + options.script + L" cannot be read");
         return exitUsage;
     }
+    if (!options.classic)
+        UseThemes();
     if (options.timeout)
         StartTimeout(options.timeout);
     const HRESULT hr = OleInitialize(nullptr);

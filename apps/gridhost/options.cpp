@@ -6,7 +6,7 @@
 const wchar_t usageText[] =
     L"usage: gridhost FILE.vbs|FILE.js [--shot OUT.png] [--keep] [--run-for MS] [--size WxH]\n"
     L"                [--out FOLDER] [--dll MODULE] [--progid NAME] [--design] [--timeout MS]\n"
-    L"                [--check-leaks] [--field] [-- ARGUMENT...]";
+    L"                [--check-leaks] [--field] [--classic] [-- ARGUMENT...]";
 
 namespace
 {
@@ -23,6 +23,7 @@ struct OptionRow {
 constexpr OptionRow optionRows[] = {
     {L"--keep", Kind::Flag, &Options::keep, nullptr, nullptr},
     {L"--design", Kind::Flag, &Options::design, nullptr, nullptr},
+    {L"--classic", Kind::Flag, &Options::classic, nullptr, nullptr},
     {L"--field", Kind::Flag, &Options::field, nullptr, nullptr},
     {L"--check-leaks", Kind::Flag, &Options::checkLeaks, nullptr, nullptr},
     {L"--shot", Kind::Text, nullptr, &Options::shot, nullptr},

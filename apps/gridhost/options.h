@@ -14,6 +14,7 @@ struct Options {
     bool keep = false;
     bool design = false; // ambient UserMode false
     bool checkLeaks = false;
+    bool classic = false;          // windows without themes
     bool field = false;            // a field of text beneath the control
     unsigned runFor = 0;           // milliseconds of message loop after the script
     unsigned timeout = 0;          // milliseconds after which the process is ended, 0 for never

@@ -52,7 +52,9 @@ int AskedAlignment(const ColRecord& column, bool fixedRow, const CellFormat* for
 int ResolveGeneral(const ColRecord& column, const wchar_t* text, int alignment) noexcept
 {
     GeneralSide side = SideOfType(column.ColDataType);
-    if (side == GeneralSide::ByText || (column.ColComboList && *column.ColComboList))
+    // Values picked from a list are words as often as numbers; texts go to the left all the same.
+    bool listed = column.ColComboList && *column.ColComboList;
+    if (side == GeneralSide::ByText || (side == GeneralSide::Right && listed))
         side = IsNumericText(text) ? GeneralSide::Right : GeneralSide::Left;
     int across = side == GeneralSide::Right ? lorvAlignRightTop : lorvAlignLeftTop;
     int down = alignment == lorvAlignGeneralTop ? 0 : alignment == lorvAlignGeneralBottom ? 2 : 1;

@@ -235,13 +235,20 @@ TEST_F(Cells, AlignByFormatThenFixedAlignmentThenColumn)
     EXPECT_EQ(EffectiveAlignment(grid, L"x", 0, 1, &format), lorvAlignLeftBottom);
 }
 
-TEST_F(Cells, WithAListLetTheTextDecideTheSideWhateverTheType)
+TEST_F(Cells, OfNumericColumnsWithAListLetTheTextDecideTheSide)
 {
-    grid.ColTable[1].ColDataType = lorvDTLong;
-    wchar_t list[] = L"one|two";
+    wchar_t list[] = L"one|two", noList[] = L"";
     grid.ColTable[1].ColComboList = list;
+    grid.ColTable[1].ColDataType = lorvDTLong;
     EXPECT_EQ(EffectiveAlignment(grid, L"ab", 2, 1, nullptr), lorvAlignLeftCenter);
     EXPECT_EQ(EffectiveAlignment(grid, L"12", 2, 1, nullptr), lorvAlignRightCenter);
+    for (int type : {lorvDTString, lorvDTBoolean, lorvDTStringC, lorvDTStringW}) {
+        grid.ColTable[1].ColDataType = static_cast<int16_t>(type);
+        EXPECT_EQ(EffectiveAlignment(grid, L"12", 2, 1, nullptr), lorvAlignLeftCenter) << type;
+    }
+    grid.ColTable[1].ColComboList = noList;
+    grid.ColTable[1].ColDataType = lorvDTLong;
+    EXPECT_EQ(EffectiveAlignment(grid, L"ab", 2, 1, nullptr), lorvAlignRightCenter);
     grid.ColTable[1].ColComboList = nullptr;
 }
 
