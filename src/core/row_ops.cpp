@@ -140,7 +140,7 @@ HRESULT ClearCells(Grid& grid, int where, int what)
         return S_OK;
     CellRange range(0, 0, 0, 0);
     if (!ClearRange(grid, where, range))
-        return LORV_E_INDEX;
+        return LORV_E_VALUE;
     if (where == lorvClearEverywhere && (what == lorvClearEverything || what == lorvClearData))
         ClearTables(grid);
     FreeRangeContents(grid, range, what);

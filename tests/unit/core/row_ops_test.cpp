@@ -151,6 +151,23 @@ TEST(AddItem, AndRemoveItemAreRefusedWhileBound)
     }
 }
 
+// A custom source has its own rows: none is added or removed beside it, but its rows may move.
+TEST(AddItem, AndRemoveItemAreRefusedBesideACustomSource)
+{
+    FakeSource source;
+    for (bool design : {false, true}) {
+        Grid grid;
+        grid.DesignModeCache = design;
+        grid.LorvDataSource = &source;
+        EXPECT_EQ(AddItem(grid, nullptr, 1), design ? S_OK : LORV_E_BOUND);
+        EXPECT_EQ(RemoveItem(grid, 1), design ? S_OK : LORV_E_BOUND);
+        EXPECT_EQ(grid.Rows, 50);
+        EXPECT_EQ(MoveRow(grid, 1, 2), S_OK);
+        EXPECT_EQ(MoveCol(grid, 1, 2), S_OK);
+        grid.LorvDataSource = nullptr;
+    }
+}
+
 TEST(AddItem, IsRefusedBeforeItsRowIsLookedAt)
 {
     Grid grid;
@@ -394,7 +411,7 @@ TEST(ClearCells, RefusesAnUnknownPlace)
     for (int where : {3, -1, 100}) {
         Grid grid;
         Fill(grid);
-        EXPECT_EQ(ClearCells(grid, where, lorvClearEverything), LORV_E_INDEX);
+        EXPECT_EQ(ClearCells(grid, where, lorvClearEverything), LORV_E_VALUE);
         EXPECT_EQ(KeptAt(grid, 1, 1), untouched);
     }
 }
@@ -449,8 +466,14 @@ TEST(MoveRow, MovesTheRecordAndLeavesTheNumbersOfTheView)
     for (const Case& each : cases) {
         Grid grid;
         Number(grid, 5, 2);
+        StoreLong(grid.RowTable[each.From].RowData, 7);
+        grid.RowTable[each.From].Status = lorvrsModified;
         grid.Row = grid.RowSel = 2, grid.TopRow = 2;
         ASSERT_EQ(MoveRow(grid, each.From, each.To), S_OK);
+        for (int row = 0; row < 5; ++row) {
+            EXPECT_EQ(grid.RowTable[row].RowData != nullptr, row == each.To) << row;
+            EXPECT_EQ(grid.RowTable[row].Status == lorvrsModified, row == each.To) << row;
+        }
         EXPECT_EQ(RowOrder(grid), each.Expected);
         EXPECT_EQ(grid.Row, 2);
         EXPECT_EQ(grid.RowSel, 2);
@@ -504,10 +527,14 @@ TEST(MoveCol, MovesTheColumnAndTheCellsOfEveryRow)
         Number(grid, 3, 4);
         for (int col = 0; col < 4; ++col)
             SetCellText(grid, 2, col, std::to_wstring(col).c_str());
+        StoreLong(grid.ColTable[each.From].ColData, 7);
+        SetCellProperty(grid, 2, each.From, CellSelector::ForeColor, 5);
         grid.OptionWord &= ~OptionMergeStale;
         ASSERT_EQ(MoveCol(grid, each.From, each.To), S_OK);
         EXPECT_EQ(ColOrder(grid), each.Expected);
         for (int col = 0; col < 4; ++col) {
+            EXPECT_EQ(grid.ColTable[col].ColData != nullptr, col == each.To) << col;
+            EXPECT_EQ(CellFormatOf(grid, 2, col) != nullptr, col == each.To) << col;
             EXPECT_EQ(TextAt(grid, 2, col), TextAt(grid, 0, col));
             EXPECT_EQ(std::wstring(grid.ColTable[col].ColKey), TextAt(grid, 0, col));
             EXPECT_EQ(std::to_wstring(grid.ColTable[col].Width), TextAt(grid, 0, col));

@@ -268,3 +268,24 @@ TEST_F(ComboMembers, NewMaskChangesAnOpenEditTwice)
     EXPECT_EQ(live.Fired(), "");
     EXPECT_EQ(live.Shown(), L"AB_");
 }
+
+TEST_F(ComboMembers, AListMovesWithItsColumn)
+{
+    ASSERT_EQ(PutColList(grid, 2, L"#1;One|#2;Two"), S_OK);
+    live.Put(1, 2, L"1");
+    EXPECT_STREQ(GetDisplayText(grid, 1, 2), L"One");
+    for (auto [from, to] : {std::pair{2, 4}, std::pair{4, 1}}) {
+        ASSERT_EQ(grid.put_ColPosition(from, to), S_OK);
+        for (int col = 0; col < grid.Cols; ++col)
+            EXPECT_EQ(grid.ColTable[col].ComboState.ComboCount, col == to ? 2 : 0) << col;
+        EXPECT_STREQ(GetDisplayText(grid, 1, to), L"One");
+    }
+}
+
+TEST_F(ComboMembers, ClearTakesTheListOfTheEditorAndItsWindowAway)
+{
+    Open(L"A|B");
+    EXPECT_EQ(grid.Clear(missing, Value(lorvClearFormatting)), S_OK);
+    EXPECT_EQ(grid.ComboWindow, nullptr);
+    EXPECT_EQ(grid.EditorList.ComboCount, 0);
+}
