@@ -56,7 +56,7 @@ const Case cases[] = {
     {"Cell(lorvcpData)", CALL(Write(g, lorvcpData, 1)), theCell},
     {"Cell(lorvcpCustomFormat)", CALL(Write(g, lorvcpCustomFormat, false)), theCell},
     {"Cell(lorvcpRefresh)", CALL(Write(g, lorvcpRefresh, 0)), theCell},
-    {"Cell(lorvcpSort)", CALL(Write(g, lorvcpSort, lorvSortGenericAscending)), all},
+    {"Cell(lorvcpSort)", CALL(Write(g, lorvcpSort, lorvSortGenericAscending)), allAndLayout},
     {"CellBorder, no side", CALL(g.CellBorder(1, -1, -1, -1, -1, -1, -1)), theSelection},
     {"CellBorderRange, no side", CALL(g.CellBorderRange(4, 3, 4, 3, 1, -1, -1, -1, -1, -1, -1)),
      theSelection},
