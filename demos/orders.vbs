@@ -37,7 +37,7 @@ Sub LoadOrders
     Grid.LoadGrid Host.DataFile("orders.txt"), lorvFileTabText
     Grid.FixedRows = rowFirst
     Grid.FrozenCols = 3
-    Grid.TextMatrix(rowTitle, 1) = "Orders of the years 2023 and 2024, by region and city"
+    Grid.TextMatrix(rowTitle, 1) = "Orders of 2023 and 2024, by region and city"
     For row = rowFirst To Grid.Rows - 1
         Grid.TextMatrix(row, 0) = row - rowFirst + 1
     Next
