@@ -4,22 +4,17 @@
 #include "edit/combo_editor.h"
 #include "edit/combo_list.h"
 #include "edit/combo_search.h"
+#include "edit/editor_class.h"
 #include "platform/module.h"
 
 #include <utility>
 
 namespace
 {
-constexpr wchar_t ClassName[] = L"LorvGrid8Combo";
+LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// The system's combo box, which ours is made of. Our pointers come behind its own bytes.
-struct BaseClass {
-    WNDPROC Procedure = nullptr;
-    int Extra = 0;
-    int GridAt() const noexcept { return Extra; }
-    int InnerAt() const noexcept { return Extra + static_cast<int>(sizeof(void*)); }
-};
-BaseClass base;
+EditorClass comboClass(L"LorvGrid8Combo", L"ComboBox", ComboProcedure, 2);
+constexpr int GridPointer = 0, EditBoxProcedurePointer = 1;
 
 // Messages of drop-downs that are under way, one inside another.
 int running = 0;
@@ -35,15 +30,16 @@ public:
 
 Grid* GridOf(HWND comboBox) noexcept
 {
-    return reinterpret_cast<Grid*>(GetWindowLongPtrW(comboBox, base.GridAt()));
+    return reinterpret_cast<Grid*>(GetWindowLongPtrW(comboBox, comboClass.PointerAt(GridPointer)));
 }
 
 // What the window would do without us.
 LRESULT CallSystem(HWND window, CMyCombo::Map map, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    WNDPROC procedure = base.Procedure;
+    WNDPROC procedure = comboClass.SystemProcedure();
     if (map == CMyCombo::EditBoxMap)
-        procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(GetParent(window), base.InnerAt()));
+        procedure = reinterpret_cast<WNDPROC>(
+            GetWindowLongPtrW(GetParent(window), comboClass.PointerAt(EditBoxProcedurePointer)));
     return procedure ? CallWindowProcW(procedure, window, message, wParam, lParam)
                      : DefWindowProcW(window, message, wParam, lParam);
 }
@@ -64,10 +60,10 @@ LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     Grid* grid = GridOf(window);
     if (message == WM_NCCREATE) {
         grid = static_cast<Grid*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        SetWindowLongPtrW(window, base.GridAt(), reinterpret_cast<LONG_PTR>(grid));
+        SetWindowLongPtrW(window, comboClass.PointerAt(GridPointer), reinterpret_cast<LONG_PTR>(grid));
     }
     if (grid && message == WM_NCDESTROY) {
-        SetWindowLongPtrW(window, base.GridAt(), 0);
+        SetWindowLongPtrW(window, comboClass.PointerAt(GridPointer), 0);
         if (grid->ComboWindow == window)
             grid->ComboWindow = nullptr;
         grid = nullptr;
@@ -92,28 +88,7 @@ LRESULT CALLBACK EditBoxProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 void SubclassEditBox(HWND comboBox, HWND editBox) noexcept
 {
     LONG_PTR before = SetWindowLongPtrW(editBox, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditBoxProcedure));
-    SetWindowLongPtrW(comboBox, base.InnerAt(), before);
-}
-
-// A combo box of our own class: the system's class is the whole process's and stays as it is.
-bool RegisterComboClass() noexcept
-{
-    WNDCLASSEXW info = {};
-    info.cbSize = sizeof(info);
-    if (GetClassInfoExW(ModuleInstance(), ClassName, &info) && base.Procedure)
-        return true;
-    info = {};
-    info.cbSize = sizeof(info);
-    if (!GetClassInfoExW(nullptr, L"ComboBox", &info))
-        return false;
-    base = {info.lpfnWndProc, info.cbWndExtra};
-    info.style &= ~static_cast<UINT>(CS_GLOBALCLASS);
-    info.cbWndExtra += 2 * static_cast<int>(sizeof(void*));
-    info.lpfnWndProc = ComboProcedure;
-    info.hInstance = ModuleInstance();
-    info.lpszClassName = ClassName;
-    UnregisterClassW(ClassName, ModuleInstance()); // of a module that was here before
-    return RegisterClassExW(&info) != 0;
+    SetWindowLongPtrW(comboBox, comboClass.PointerAt(EditBoxProcedurePointer), before);
 }
 
 bool TakesFreeText(const Grid& grid) noexcept
@@ -130,12 +105,12 @@ WPARAM AsKey(short code) noexcept
 HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
 {
     Destroy(grid);
-    if (!RegisterComboClass())
+    if (!comboClass.Register())
         return nullptr;
     const RECT& area = grid.EditRect;
     HWND window =
-        CreateWindowExW(styleEx, ClassName, nullptr, style, area.left, area.top, area.right - area.left,
-                        area.bottom - area.top, grid.Window,
+        CreateWindowExW(styleEx, comboClass.Name(), nullptr, style, area.left, area.top,
+                        area.right - area.left, area.bottom - area.top, grid.Window,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(EditorCombo)), ModuleInstance(), &grid);
     if (!window)
         return nullptr;

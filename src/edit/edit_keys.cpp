@@ -1,6 +1,7 @@
 // The window of the text editor: what its keys do, and where they lead.
 
 #include "edit/cell_editor.h"
+#include "edit/editor_class.h"
 #include "edit/mask.h"
 #include "edit/text_editor.h"
 #include "platform/dpi.h"
@@ -12,57 +13,32 @@
 
 namespace
 {
-constexpr wchar_t ClassName[] = L"LorvGrid8Edit";
+LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// The system's edit box, which ours is made of.
-struct BaseClass {
-    WNDPROC Procedure = nullptr;
-    int Extra = 0; // bytes of its own; our pointer to the grid comes behind
-};
-BaseClass base;
+// The box has a device context of its own and does not draw over its parent.
+EditorClass editorClass(L"LorvGrid8Edit", L"Edit", EditorProcedure, 1, CS_PARENTDC);
 
 LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    auto* grid = reinterpret_cast<Grid*>(GetWindowLongPtrW(window, base.Extra));
+    auto* grid = reinterpret_cast<Grid*>(GetWindowLongPtrW(window, editorClass.PointerAt(0)));
     if (message == WM_NCCREATE) {
         grid = static_cast<Grid*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        SetWindowLongPtrW(window, base.Extra, reinterpret_cast<LONG_PTR>(grid));
+        SetWindowLongPtrW(window, editorClass.PointerAt(0), reinterpret_cast<LONG_PTR>(grid));
         grid->EditBoxWindow = window;
     }
     if (!grid)
-        return CallWindowProcW(base.Procedure, window, message, wParam, lParam);
+        return CallWindowProcW(editorClass.SystemProcedure(), window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
-        SetWindowLongPtrW(window, base.Extra, 0);
+        SetWindowLongPtrW(window, editorClass.PointerAt(0), 0);
         if (grid->EditBoxWindow == window)
             grid->EditBoxWindow = nullptr;
-        return CallWindowProcW(base.Procedure, window, message, wParam, lParam);
+        return CallWindowProcW(editorClass.SystemProcedure(), window, message, wParam, lParam);
     }
     KeepAlive alive(*grid);
     LRESULT result = 0;
     if (CMyEdit(*grid, window).ProcessWindowMessage(message, wParam, lParam, result))
         return result;
-    return CallWindowProcW(base.Procedure, window, message, wParam, lParam);
-}
-
-// An edit box of our own class: the system's class is the whole process's and stays as it is. The box has a
-// device context of its own and does not draw over its parent.
-bool RegisterEditorClass() noexcept
-{
-    WNDCLASSEXW info = {};
-    info.cbSize = sizeof(info);
-    if (GetClassInfoExW(ModuleInstance(), ClassName, &info) && base.Procedure)
-        return true;
-    info = {};
-    info.cbSize = sizeof(info);
-    if (!GetClassInfoExW(nullptr, L"Edit", &info))
-        return false;
-    base = {info.lpfnWndProc, info.cbWndExtra};
-    info.style &= ~static_cast<UINT>(CS_PARENTDC | CS_GLOBALCLASS);
-    info.cbWndExtra += static_cast<int>(sizeof(void*));
-    info.lpfnWndProc = EditorProcedure;
-    info.hInstance = ModuleInstance();
-    info.lpszClassName = ClassName;
-    return RegisterClassExW(&info) != 0;
+    return CallWindowProcW(editorClass.SystemProcedure(), window, message, wParam, lParam);
 }
 
 struct Selection {
@@ -101,9 +77,9 @@ HWND CMyEdit::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
 {
     if (HWND old = std::exchange(grid.EditBoxWindow, nullptr))
         DestroyWindow(old);
-    if (!RegisterEditorClass())
+    if (!editorClass.Register())
         return nullptr;
-    return CreateWindowExW(styleEx, ClassName, nullptr, style, 0, 0, 0, 0, grid.Window,
+    return CreateWindowExW(styleEx, editorClass.Name(), nullptr, style, 0, 0, 0, 0, grid.Window,
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(EditorText)), ModuleInstance(),
                            &grid);
 }
@@ -135,7 +111,7 @@ bool CMyEdit::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, L
 void CMyEdit::PassOn(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (IsWindow(window_))
-        CallWindowProcW(base.Procedure, window_, message, wParam, lParam);
+        CallWindowProcW(editorClass.SystemProcedure(), window_, message, wParam, lParam);
 }
 
 // Whether a key moves on to another cell, as the caret cannot go further that way.
