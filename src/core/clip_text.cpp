@@ -13,10 +13,7 @@
 
 ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexcept
 {
-    const wchar_t* chosen = fixedSeparators ? nullptr : grid.ClipSeparators;
-    if (!chosen || !chosen[0] || !chosen[1] || chosen[0] == chosen[1])
-        return {L'\t', L'\r'};
-    return {chosen[0], chosen[1]};
+    return ClipSeparatorsIn(fixedSeparators ? nullptr : grid.ClipSeparators);
 }
 
 namespace
@@ -127,26 +124,31 @@ wchar_t* ClipOfSelection(Grid& grid, bool fixedSeparators)
     return ClipOfRange(grid, grid.Row, grid.Col, grid.RowSel, grid.ColSel, fixedSeparators);
 }
 
-HRESULT PutRowText(Grid& grid, const wchar_t* text, int row, int col1, int col2, bool fixedSeparators)
+namespace
+{
+HRESULT PutRow(Grid& grid, TextSpan text, int row, int col1, int col2, wchar_t separator)
 {
     if (!IsRow(grid, row))
         return LORV_E_INDEX;
     if (FAILED(EnsureRowCells(grid, row)))
         return LORV_E_MEMORY;
-    KeepAlive alive(grid);
-    wchar_t separator = ClipSeparatorsOf(grid, fixedSeparators).Col;
-    for (int col = col1; col <= col2; ++col) {
-        const wchar_t* end = std::wcschr(text, separator);
-        HRESULT result = SetCellText(grid, row, col, text, end ? static_cast<int>(end - text) : -1);
+    ClipCells cells(text, separator);
+    TextSpan cell;
+    for (int col = col1; col <= col2 && cells.Next(cell); ++col) {
+        HRESULT result = SetCellText(grid, row, col, cell.Begin, cell.Length());
         if (FAILED(result))
             return result;
         if (IsCell(grid, row, col))
             RepaintCell(grid, row, col);
-        if (!end)
-            break;
-        text = end + 1;
     }
     return S_OK;
+}
+} // namespace
+
+HRESULT PutRowText(Grid& grid, const wchar_t* text, int row, int col1, int col2, bool fixedSeparators)
+{
+    KeepAlive alive(grid);
+    return PutRow(grid, WholeText(text), row, col1, col2, ClipSeparatorsOf(grid, fixedSeparators).Col);
 }
 
 HRESULT PutClip(Grid& grid, const wchar_t* text, int row1, int col1, int row2, int col2, bool fixedSeparators)
@@ -155,23 +157,15 @@ HRESULT PutClip(Grid& grid, const wchar_t* text, int row1, int col1, int row2, i
     if (!range.Within(grid.Rows, grid.Cols))
         return LORV_E_INDEX;
     KeepAlive alive(grid);
-    wchar_t separator = ClipSeparatorsOf(grid, fixedSeparators).Row;
-    for (int row = range.Row1; row <= range.Row2 && *text; ++row) {
-        const wchar_t* end = std::wcschr(text, separator);
-        wchar_t* line = end ? DuplicateText(text, end - text) : DuplicateText(text);
-        if (!line)
-            return LORV_E_MEMORY;
-        HRESULT result = PutRowText(grid, line, row, range.Col1, range.Col2, fixedSeparators);
-        FreeBlock(line);
+    ClipRows rows(text, ClipSeparatorsOf(grid, fixedSeparators).Row);
+    TextSpan line;
+    for (int row = range.Row1; row <= range.Row2 && rows.Next(line); ++row) {
+        wchar_t separator = ClipSeparatorsOf(grid, fixedSeparators).Col; // a handler may set another
+        HRESULT result = PutRow(grid, line, row, range.Col1, range.Col2, separator);
         if (FAILED(result))
             return result;
         if (fixedSeparators && IsRow(grid, row) && grid.RowTable[row].Status < 4)
             grid.RowTable[row].Status = lorvrsModified;
-        if (!end)
-            break;
-        text = end + 1;
-        if (separator == L'\r' && *text == L'\n')
-            ++text;
     }
     return S_OK;
 }

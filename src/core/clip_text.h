@@ -2,12 +2,10 @@
 // Clip strings: the texts of a rectangle of cells as one string, row by row, with a separator between cells
 // and another between rows. They hold the stored texts, not what the cells show.
 
+#include "core/clip_parts.h"
 #include "core/errors.h"
 #include "core/grid_object.h"
 
-struct ClipSeparatorPair {
-    wchar_t Col, Row;
-};
 // Tab and carriage return, or what the program chose, unless the separators are to be fixed.
 ClipSeparatorPair ClipSeparatorsOf(const Grid& grid, bool fixedSeparators) noexcept;
 

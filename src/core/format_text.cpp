@@ -1,18 +1,13 @@
 #include "core/format_text.h"
 
+#include "core/text_scan.h"
+
 #include <climits>
 
 namespace
 {
 constexpr wchar_t RecordHead[] = L"(Format)\v";
 constexpr wchar_t TextHead[] = L"(Text)\v";
-
-const wchar_t* EndOf(const wchar_t* text) noexcept
-{
-    while (*text)
-        ++text;
-    return text;
-}
 
 bool IsOneOf(wchar_t character, const wchar_t* set) noexcept
 {
@@ -43,6 +38,11 @@ const wchar_t* Behind(const wchar_t* text, const wchar_t* head, bool anyCase) no
     return text;
 }
 } // namespace
+
+TextSpan WholeText(const wchar_t* text) noexcept
+{
+    return {text, text + TextLength(text)};
+}
 
 bool TextParts::Next(TextSpan& part) noexcept
 {
@@ -96,7 +96,7 @@ int NumberOf(TextSpan text) noexcept
 BarSections SplitBar(const wchar_t* text) noexcept
 {
     BarSections sections;
-    TextSpan rest = {text, EndOf(text)};
+    TextSpan rest = WholeText(text);
     sections.Columns = {rest.Begin, Find(rest, L";\n")};
     rest.Begin = sections.Columns.End;
     if (!rest.Empty() && *rest.Begin == L';') {
@@ -126,7 +126,7 @@ RecordSections SplitRecords(const wchar_t* text) noexcept
     const wchar_t* begin = Behind(text, RecordHead, false);
     if (!begin)
         return sections;
-    TextSpan rest = {begin, EndOf(begin)};
+    TextSpan rest = WholeText(begin);
     const wchar_t* countEnd = Find(rest, L"\v");
     sections.Count = NumberOf({rest.Begin, countEnd});
     sections.Records = {countEnd == rest.End ? countEnd : countEnd + 1, rest.End};

@@ -31,6 +31,7 @@ private:
     bool ended_ = false;
 };
 
+TextSpan WholeText(const wchar_t* text) noexcept;
 int CountParts(TextSpan text, const wchar_t* separators) noexcept;
 // Without the characters below code 33 at both ends.
 TextSpan Trimmed(TextSpan text) noexcept;

@@ -1,7 +1,5 @@
 #include "edit/list_text.h"
 
-#include "core/text_scan.h"
-
 #include <algorithm>
 
 namespace
@@ -13,11 +11,6 @@ bool Equals(const wchar_t* list, const wchar_t* other) noexcept
     for (; *list && *list == *other; ++list, ++other) {
     }
     return *list == *other;
-}
-
-TextSpan WholeText(const wchar_t* list) noexcept
-{
-    return {list, list + TextLength(list)};
 }
 
 // The `;` in front of any tab; null without one.
