@@ -261,6 +261,7 @@ void EmptyForDesigner(Grid& grid)
     }
     for (int col = 0; col < grid.Cols; ++col)
         grid.ColTable[col].Width = UnsetLength;
+    MarkMergeStale(grid);
 }
 } // namespace
 

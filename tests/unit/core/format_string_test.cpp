@@ -335,6 +335,14 @@ TEST_F(Formats, ADesignerStartsFromAnEmptyGrid)
     }
 }
 
+TEST_F(Formats, ADesignersEmptyGridKeepsNoMergeLinks)
+{
+    BecomeDesigner();
+    SetOption(grid, OptionMergeStale, false);
+    Apply(L"");
+    EXPECT_TRUE(HasOption(grid, OptionMergeStale));
+}
+
 TEST_F(Formats, RowsAreMeasuredEvenForAnEmptyText)
 {
     int expected = Extent(L"Hj").cy + 4;
@@ -396,6 +404,21 @@ TEST_F(Formats, WantOfMemoryIsReported)
         EXPECT_TRUE(result == S_OK || result == LORV_E_MEMORY) << result;
     });
     EXPECT_GT(steps, 10);
+}
+
+TEST_F(Formats, AGridThatCannotGrowKeepsTheTextAndTakesNoTitles)
+{
+    // The text and its private copy come first.
+    for (const wchar_t* text : {L"A|B|C|D|E", L"A;1|2|3|4|5|6"}) {
+        std::wstring wide = std::wstring(text) + std::wstring(200, L'|');
+        FailingAllocation failing(3);
+        EXPECT_EQ(SetFormatString(grid, wide.c_str()), LORV_E_MEMORY);
+        EXPECT_STREQ(grid.FormatString, wide.c_str());
+        EXPECT_EQ(grid.Cols, 4);
+        EXPECT_EQ(grid.Rows, 5);
+        EXPECT_EQ(TextsOfRow(0), L",,,");
+        EXPECT_EQ(properties.Taken(), std::vector<DISPID>{});
+    }
 }
 
 // --- a record per column behind the titles
