@@ -8,6 +8,7 @@
 #include "platform/memory.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <cwchar>
 #include <utility>
@@ -203,6 +204,8 @@ uint64_t PrefixAt(const RowKeys& keys, int place)
 int* OrderByKeys(const RowKeys& keys, int count, int direction) noexcept
 {
     if (keys.Numbers) {
+        if (std::any_of(keys.Numbers, keys.Numbers + count, [](double number) { return std::isnan(number); }))
+            return nullptr;
         auto before = [direction](const KeyedPlace<double>& a, const KeyedPlace<double>& b) {
             if (a.Value != b.Value)
                 return (a.Value < b.Value) == (direction > 0);

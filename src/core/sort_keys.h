@@ -39,6 +39,6 @@ void MakeCollationKeys(RowKeys& keys, Grid& grid, int first, int last, int col, 
 int CompareCollationKeys(const RowKeys& keys, int a, int b) noexcept;
 
 // The places of `count` rows (counted from the first of the run) in the order of their number or text keys,
-// the present order between equal ones; `direction` is 1 or -1. Null without keys or memory. The caller frees
-// it with FreeBlock.
+// the present order between equal ones; `direction` is 1 or -1. Null without keys or memory, and when a key
+// is not a number, since such keys have no order. The caller frees it with FreeBlock.
 int* OrderByKeys(const RowKeys& keys, int count, int direction) noexcept;

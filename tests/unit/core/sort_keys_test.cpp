@@ -63,7 +63,7 @@ TEST(SortKeys, WithoutMemoryTheSortCompares)
         Texts sorted = texts;
         std::sort(sorted.begin(), sorted.end());
         Grid grid;
-        for (long number = 0; number <= 4; ++number) {
+        for (long number = 0; number <= 12; ++number) {
             SCOPED_TRACE(testing::Message() << "order " << order << ", allocation " << number);
             Fill(grid, texts);
             HeapBalance balance;
