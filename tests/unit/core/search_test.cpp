@@ -318,6 +318,7 @@ std::vector<Pair> Pairs(IUnknown* one, IUnknown* other)
     add("scale of DECIMAL", Decimal(2, 0, 0, 1000), Decimal(1, 0, 0, 1000), false);
     add("1.0 and 1.00", Decimal(1, 0, 0, 10), Decimal(2, 0, 0, 100), false);
     add("sign of DECIMAL", Decimal(2, 0, 0, 1), Decimal(2, 0x80, 0, 1), false);
+    add("high part of DECIMAL", Decimal(2, 0, 1, 7), Decimal(2, 0, 2, 7), false);
     add("low half of DECIMAL", Decimal(2, 0, 0, 1), Decimal(2, 0, 0, 0x100000001), false);
     add("UI1", Byte(200), Byte(200), true);
     add("other UI1", Byte(200), Byte(201), false);
@@ -367,6 +368,9 @@ TEST(CompareVariants, TextsByCaseAndLength)
         {L"abc", L"abc", Case, Start, true},
         {L"", L"", Case, Start, true},
         {L"a", L"", Case, Start, false},
+        {L"", L"a", Case, Start, true}, // every text begins with nothing
+        {L"", L"a", NoCase, Start, true},
+        {nullptr, L"a", Case, Start, true},
         {L"abc", L"ABCD", NoCase, Start, true},
         {L"ABCD", L"abc", NoCase, Start, false},
         {nullptr, nullptr, NoCase, Start, true},

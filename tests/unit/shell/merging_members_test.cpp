@@ -188,6 +188,20 @@ TEST_F(MergedRange, AsksForFreshLinksOnce)
     EXPECT_EQ(MergeRebuilds(), before + 1);
 }
 
+TEST_F(MergedRange, TenThousandAssignmentsOfTextDoNoMergeWork)
+{
+    grid.put_Rows(1001);
+    grid.put_MergeCells(lorvMergeFree);
+    grid.put_MergeCol(-1, VARIANT_TRUE);
+    RangeAt(4, 2);
+    long before = MergeRebuilds();
+    for (int row = 0; row < 1000; ++row)
+        for (int col = 0; col < 10; ++col)
+            ASSERT_EQ(grid.put_TextMatrix(row, col, Bstr(row % 2 ? L"a" : L"b").Get()), S_OK);
+    EXPECT_EQ(MergeRebuilds(), before);
+    EXPECT_TRUE(TakeStale());
+}
+
 TEST_F(MergedRange, ReportsTheOldLinksWhileRedrawIsOff)
 {
     grid.put_MergeCells(lorvMergeFree);
