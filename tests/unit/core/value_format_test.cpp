@@ -546,6 +546,23 @@ TEST_F(GridTexts, AStoredKeyShowsTheTextOfTheList)
     list.ComboCount = 0;
 }
 
+// The words of a check box come before what the column's list shows.
+TEST_F(GridTexts, ACheckBoxShowsItsWordWhateverTheListSays)
+{
+    ComboListState& list = grid.ColTable[1].ComboState;
+    wchar_t key[] = L"-1", text[] = L"One";
+    wchar_t *keys[] = {key}, *texts[] = {text};
+    list.ComboCount = 1, list.ComboKeys = keys, list.ComboTexts = texts;
+    SetCellText(grid, 1, 1, L"-1");
+    SetColFormat(grid, 1, L"Yes;No");
+    EXPECT_EQ(Shown(1, 1), "One");
+    grid.ColTable[1].ColDataType = lorvDTBoolean;
+    EXPECT_EQ(Shown(1, 1), "Yes");
+    SetColFormat(grid, 1, nullptr);
+    EXPECT_EQ(Shown(1, 1), "One");
+    list.ComboCount = 0, list.ComboKeys = list.ComboTexts = nullptr;
+}
+
 TEST_F(GridTexts, SettingAFormatNotesParentheses)
 {
     struct {

@@ -96,6 +96,39 @@ TEST(CellMember, TakesItsRangeFromWhateverConvertsToANumber)
     }
 }
 
+// Programs with typed variables pass references to them.
+TEST(CellMember, TakesReferencesToTypedVariables)
+{
+    LONG row = 3;
+    SHORT col = 2;
+    double lastRow = 4.0;
+    Bstr lastCol(L"5");
+    auto reference = [](VARTYPE type, void* target) {
+        Value value = Value::OfType(VT_BYREF | type);
+        value.Get().byref = target;
+        return value;
+    };
+    BSTR text = lastCol.Get();
+    Value row1 = reference(VT_I4, &row), col1 = reference(VT_I2, &col);
+    Value row2 = reference(VT_R8, &lastRow), col2 = reference(VT_BSTR, &text);
+    MemberGrid grid;
+    ASSERT_EQ(grid.put_Cell(lorvcpText, row1, col1, row2, col2, reference(VT_BSTR, &text)), S_OK);
+    ASSERT_EQ(
+        grid.put_Cell(lorvcpAlignment, row1, col1, Value::To(row2.Get()), col2, reference(VT_R8, &lastRow)),
+        S_OK);
+    ASSERT_EQ(grid.put_Cell(lorvcpFontSize, row1, col1, row2, col2, reference(VT_I4, &row)), S_OK);
+    ASSERT_EQ(grid.put_Cell(lorvcpData, row1, col1, row2, col2, reference(VT_I2, &col)), S_OK);
+    for (int r = 2; r <= 5; ++r)
+        for (int c = 1; c <= 6; ++c)
+            EXPECT_EQ(TextAt(grid, r, c), r == 3 || r == 4 ? c >= 2 && c <= 5 ? L"5" : L"(none)" : L"(none)");
+    EXPECT_EQ(ReadAs(grid, lorvcpAlignment, 4, 5), L"I2 4");
+    EXPECT_EQ(ReadAs(grid, lorvcpFontSize, 4, 5), L"R4 300");
+    EXPECT_EQ(ReadAs(grid, lorvcpData, 3, 2), L"I2 2");
+    OwnedVariant read;
+    ASSERT_EQ(grid.get_Cell(lorvcpText, row1, col1, row1, col1, read.Put()), S_OK);
+    EXPECT_EQ(Describe(read.Get()), L"BSTR 5");
+}
+
 TEST(CellMember, RefusesIndexesOutside)
 {
     MemberGrid grid;
@@ -376,6 +409,54 @@ TEST(CellMember, TakesAndGivesPictures)
             ASSERT_EQ(WriteRange(grid, lorvcpPicture, {1, 1, 1, 2}, none), S_OK);
             EXPECT_EQ(ReadAs(grid, lorvcpPicture, 1, 2), L"DISPATCH nothing");
         }
+}
+
+// A bitmap of one pixel in a file of its own.
+class PictureFile
+{
+public:
+    PictureFile()
+    {
+        wchar_t folder[MAX_PATH] = L"";
+        GetTempPathW(MAX_PATH, folder);
+        EXPECT_NE(GetTempFileNameW(folder, L"pic", 0, path_), 0u);
+        BITMAPFILEHEADER file = {};
+        BITMAPINFOHEADER info = {};
+        file.bfType = 0x4D42;
+        file.bfOffBits = sizeof(file) + sizeof(info);
+        file.bfSize = file.bfOffBits + 4;
+        info.biSize = sizeof(info), info.biWidth = info.biHeight = 1;
+        info.biPlanes = 1, info.biBitCount = 24;
+        const DWORD pixel = 0;
+        HANDLE handle = CreateFileW(path_, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD written = 0;
+        WriteFile(handle, &file, sizeof(file), &written, nullptr);
+        WriteFile(handle, &info, sizeof(info), &written, nullptr);
+        WriteFile(handle, &pixel, sizeof(pixel), &written, nullptr);
+        CloseHandle(handle);
+    }
+    PictureFile(const PictureFile&) = delete;
+    PictureFile& operator=(const PictureFile&) = delete;
+    ~PictureFile() { DeleteFileW(path_); }
+    const wchar_t* Path() const { return path_; }
+
+private:
+    wchar_t path_[MAX_PATH] = L"";
+};
+
+TEST(CellMember, LoadsAPictureFileOnceForItsRange)
+{
+    PictureFile file;
+    MemberGrid grid;
+    ASSERT_EQ(WriteRange(grid, lorvcpPicture, {1, 1, 2, 2}, file.Path()), S_OK);
+    IPictureDisp* picture = CellFormatOf(grid, 1, 1)->Picture;
+    EXPECT_NE(picture, nullptr);
+    EXPECT_EQ(CellFormatOf(grid, 2, 2)->Picture, picture);
+    SHORT type = PICTYPE_NONE;
+    auto loaded = QueryFor<IPicture>(picture, IID_IPicture);
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->get_Type(&type), S_OK);
+    EXPECT_EQ(type, PICTYPE_BITMAP);
 }
 
 TEST(CellMember, GivesTheFailureOfAPictureFile)

@@ -8,6 +8,7 @@
 #include <commctrl.h>
 
 #include <climits>
+#include <functional>
 #include <string>
 
 namespace
@@ -284,6 +285,48 @@ TEST(AddItemMember, AddsAtTheEndUnlessARowIsGiven)
     EXPECT_EQ(grid.Rows, 8);
 }
 
+// An object that is a row number; it counts how often it is asked.
+class RowObject : public FakeDispatch
+{
+public:
+    explicit RowObject(LONG row) : row_(row) {}
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                                     UINT*) override
+    {
+        if (id != DISPID_VALUE || !result)
+            return DISP_E_MEMBERNOTFOUND;
+        ++Asked;
+        if (OnAsked)
+            OnAsked();
+        result->vt = VT_I4, result->lVal = row_;
+        return S_OK;
+    }
+
+    int Asked = 0;
+    std::function<void()> OnAsked;
+
+private:
+    LONG row_;
+};
+
+TEST(AddItemMember, ReadsItsRowBeforeAnythingElse)
+{
+    RowObject row(2);
+    MemberGrid grid;
+    Bstr item(L"x");
+    grid.DesignModeCache = 0;
+    grid.BoundKind = VT_VARIANT;
+    EXPECT_EQ(grid.AddItem(item.Get(), Value(&row)), LORV_E_BOUND);
+    EXPECT_EQ(row.Asked, 1) << "even when nothing is added";
+    grid.BoundKind = BoundNone;
+    row.OnAsked = [&] { ResizeRows(grid, 1); };
+    EXPECT_EQ(grid.AddItem(item.Get(), Value(&row)), LORV_E_INDEX) << "the rows are counted after it";
+    row.OnAsked = nullptr;
+    ResizeRows(grid, 4);
+    EXPECT_EQ(grid.AddItem(item.Get(), Value(&row)), S_OK);
+    EXPECT_EQ(TextAt(grid, 2, 0), L"x");
+}
+
 TEST(RemoveItemMember, RemovesTheCurrentRowUnlessOneIsGiven)
 {
     MemberGrid grid;
@@ -317,6 +360,35 @@ TEST(ClearMember, ClearsEverythingEverywhereUnlessTold)
     EXPECT_EQ(grid.Clear(Value(lorvClearScrollable), missing), S_OK);
     EXPECT_EQ(TextAt(grid, 0, 0), L"x");
     EXPECT_EQ(TextAt(grid, 1, 1), L"(none)");
+}
+
+TEST(ClearMember, RefusesAnUnknownPlace)
+{
+    MemberGrid grid;
+    grid.put_TextMatrix(1, 1, Bstr(L"x").Get());
+    for (int where : {3, -1})
+        EXPECT_EQ(grid.Clear(Value(where), missing), LORV_E_VALUE);
+    EXPECT_EQ(TextAt(grid, 1, 1), L"x");
+}
+
+// A custom source keeps its own rows: they may move and have a type, but none is added or removed.
+TEST(PositionMembers, PassBesideACustomSource)
+{
+    FakeSource source;
+    MemberGrid grid;
+    grid.DesignModeCache = 0;
+    grid.LorvDataSource = &source;
+    EXPECT_EQ(grid.put_RowPosition(1, 2), S_OK);
+    EXPECT_EQ(grid.put_ColPosition(1, 2), S_OK);
+    EXPECT_EQ(grid.put_ColDataType(1, lorvDTLong), S_OK);
+    EXPECT_EQ(grid.AddItem(nullptr, missing), LORV_E_BOUND);
+    EXPECT_EQ(grid.RemoveItem(Value(1)), LORV_E_BOUND);
+    grid.LorvDataSource = nullptr;
+    grid.BoundKind = VT_VARIANT;
+    EXPECT_EQ(grid.put_RowPosition(1, 2), LORV_E_BOUND);
+    EXPECT_EQ(grid.put_ColPosition(1, 2), S_OK);
+    EXPECT_EQ(grid.put_ColDataType(1, lorvDTLong), LORV_E_BOUND);
+    grid.BoundKind = BoundNone;
 }
 
 TEST(PositionMembers, MoveRowsAndColumns)
