@@ -58,7 +58,6 @@ void BeginPress(Grid& grid)
 {
     TheMouse().SuppressClick = false;
     TheMouse().PressTaken = false;
-    grid.EditFlags &= ~static_cast<uint32_t>(EditFlagSelectionLocked);
     EndAutoSearch(grid);
 }
 
@@ -197,13 +196,15 @@ void FitCol(Grid& grid, int col)
     event::AfterUserResize(grid, -1, col);
 }
 
-// Returns whether anything is left to be done with the double click.
+// Returns whether anything is left to be done with the double click: an edit that a handler begins ends it,
+// one that ran before does not.
 bool TellDblClick(Grid& grid)
 {
     TheMouse().SuppressClick = true;
     TheMouse().PressTaken = false;
+    bool edited = grid.ActiveEditor != EditorNone;
     event::DblClick(grid);
-    return grid.Window && grid.ActiveEditor == EditorNone;
+    return grid.Window && (edited || grid.ActiveEditor == EditorNone);
 }
 } // namespace
 
@@ -211,6 +212,7 @@ bool OnLeftButtonDown(Grid& grid, WPARAM, LPARAM lParam, LRESULT&)
 {
     KeepAlive alive(grid);
     POINT point = PointOf(lParam);
+    grid.EditFlags &= ~static_cast<uint32_t>(EditFlagSelectionLocked);
     BeginPress(grid);
     grid.PaintMode &= ~static_cast<uint32_t>(PaintListDragAdds);
     if (!grid.Window || RunZoneGesture(grid, point))

@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr DISPID BeforeEditId = 21;
+constexpr DISPID BeforeEditId = 21, ValidateEditId = 23, DblClickId = -601;
 } // namespace
 
 class EditingByMouse : public GridUnderMouse
@@ -189,4 +189,53 @@ TEST_F(EditingByMouse, PressThatBeginsAnEditIsNotToldAsOne)
     EXPECT_EQ(Told().find(" MouseDown"), std::string::npos);
     act = nullptr;
     Release(120, 70);
+}
+
+TEST_F(EditingByMouse, DoubleClickOnAResizeLineFitsTheColumnThoughAnEditRuns)
+{
+    grid.AllowUserResizing = lorvResizeColumns;
+    Click(120, 70);
+    Hover(148, 10);
+    ASSERT_TRUE(StartCellEdit(grid, EditPlain));
+    Told();
+    Send(WM_LBUTTONDBLCLK, 148, 10);
+    EXPECT_NE(Told().find("AfterUserResize(-1,2)"), std::string::npos);
+}
+
+TEST_F(EditingByMouse, DoubleClickWhoseHandlerBeginsAnEditDoesNothingElse)
+{
+    grid.AllowUserResizing = lorvResizeColumns;
+    Click(120, 70);
+    Hover(148, 10);
+    act = [this](DISPID id, DISPPARAMS&) {
+        if (id == DblClickId)
+            StartCellEdit(grid, EditPlain);
+    };
+    Told();
+    Send(WM_LBUTTONDBLCLK, 148, 10);
+    EXPECT_EQ(Told().find("AfterUserResize"), std::string::npos);
+    EXPECT_EQ(grid.ActiveEditor, EditorText);
+}
+
+TEST_F(EditingByMouse, EditThatDoesNotEndFreezesNothing)
+{
+    ASSERT_EQ(SetFrozenCols(grid, 1), S_OK);
+    grid.AllowUserFreezing = lorvFreezeColumns;
+    Click(120, 70);
+    Hover(102, 50);
+    ASSERT_EQ(ZoneOf(grid), MouseZone::FreezeCols);
+    ASSERT_TRUE(StartCellEdit(grid, EditPlain));
+    SetWindowTextW(grid.EditBoxWindow, L"refused");
+    Told();
+    refuse = [](DISPID id) { return id == ValidateEditId; };
+    Queue({MoveTo(160, 50), Escape()}); // for the gesture that must not come
+    Press(102, 50);
+    std::string told = Told();
+    EXPECT_NE(told.find("ValidateEdit(3,2)"), std::string::npos) << told;
+    EXPECT_NE(told.find("BeforeMouseDown(1,0,102,50)"), std::string::npos) << "it is a press like any other";
+    EXPECT_EQ(told.find("AfterUserFreeze"), std::string::npos);
+    EXPECT_EQ(grid.FrozenCols, 1);
+    DropMouseMessages();
+    Release(102, 50);
+    EXPECT_EQ(Selection(), "3,2:3,2");
 }

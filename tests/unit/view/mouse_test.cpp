@@ -74,6 +74,17 @@ TEST_F(Mouse, PressUnlocksTheSelection)
     EXPECT_EQ(Selection(), "3,2:3,2");
 }
 
+TEST_F(Mouse, OtherButtonsLeaveTheSelectionLocked)
+{
+    grid.EditFlags |= EditFlagSelectionLocked;
+    for (UINT message : {WM_RBUTTONDOWN, WM_MBUTTONDOWN}) {
+        Send(message, 120, 70);
+        EXPECT_EQ(Selection(), "1,1:1,1") << message;
+        EXPECT_TRUE(grid.EditFlags & EditFlagSelectionLocked) << message;
+    }
+    grid.EditFlags &= ~static_cast<uint32_t>(EditFlagSelectionLocked);
+}
+
 TEST_F(Mouse, PressPutsThePointerOfTheHostAgainThroughItsSetter)
 {
     PropertySink sink;
@@ -271,4 +282,41 @@ TEST_F(Mouse, CursorIsTheOneThatThePropertyNames)
     grid.MousePointer = lorvCross;
     grid.DesignModeCache = 1;
     EXPECT_FALSE(ProcessWindowMessage(grid, WM_SETCURSOR, window, inside, result)) << "in a designer";
+}
+
+TEST_F(Mouse, CursorOfTheHostIsTheHandleOfItsPicture)
+{
+    PICTDESC description = {};
+    description.cbSizeofstruct = sizeof(description);
+    description.picType = PICTYPE_ICON;
+    description.icon.hicon = CopyIcon(LoadIconW(nullptr, IDI_APPLICATION));
+    ASSERT_NE(description.icon.hicon, nullptr);
+    ASSERT_EQ(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
+                                       reinterpret_cast<void**>(&grid.MouseIcon)),
+              S_OK);
+    auto window = reinterpret_cast<WPARAM>(grid.Window);
+    LPARAM inside = MAKELPARAM(HTCLIENT, WM_MOUSEMOVE);
+    LRESULT result = 0;
+    SetCursor(nullptr);
+    grid.MousePointer = lorvCustom;
+    EXPECT_TRUE(ProcessWindowMessage(grid, WM_SETCURSOR, window, inside, result));
+    EXPECT_EQ(result, TRUE);
+    EXPECT_EQ(GetCursor(), description.icon.hicon);
+    SetCursor(nullptr);
+    grid.MousePointer = lorvDefault;
+    EXPECT_FALSE(ProcessWindowMessage(grid, WM_SETCURSOR, window, inside, result)) << "only by its number";
+    EXPECT_EQ(GetCursor(), nullptr);
+}
+
+// The system may have no cursor under this number any more; then there is none.
+TEST_F(Mouse, CursorOfAnIconIsTheSystems)
+{
+    HCURSOR icon = LoadCursorW(nullptr, MAKEINTRESOURCEW(32641));
+    SetCursor(nullptr);
+    grid.MousePointer = lorvIcon;
+    LRESULT result = 0;
+    EXPECT_EQ(ProcessWindowMessage(grid, WM_SETCURSOR, reinterpret_cast<WPARAM>(grid.Window),
+                                   MAKELPARAM(HTCLIENT, WM_MOUSEMOVE), result),
+              icon != nullptr);
+    EXPECT_EQ(GetCursor(), icon);
 }
