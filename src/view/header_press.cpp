@@ -37,6 +37,8 @@ public:
     PressGesture(Grid& grid, POINT start, const RECT& rectangle, const SheetAxis* moves)
         : grid_(grid), rectangle_(rectangle), moves_(moves), start_(start)
     {
+        // A header that is held looks different, all of it.
+        InvalidateRect(grid.Window, &rectangle_, FALSE);
         UpdateWindow(grid.Window);
         ShowPressed(true);
     }
@@ -100,10 +102,7 @@ private:
     bool pressed_ = false;
     std::optional<EntryMove> move_;
 };
-} // namespace
 
-namespace
-{
 struct PressResult {
     bool Clicked;
     bool Moved;

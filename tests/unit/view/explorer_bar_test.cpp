@@ -290,6 +290,130 @@ TEST_F(MovingColumns, MirroredGapsCountFromTheRight)
                           ",10) BeforeMoveColumn(1,4) AfterMoveColumn(1,4)");
 }
 
+// What stands on the screen while a gesture waits for its next message.
+namespace
+{
+class Looks
+{
+public:
+    // After each look the next message is sent. The last one has to end the gesture.
+    Looks(HWND window, std::initializer_list<Queued> messages, std::initializer_list<POINT> points)
+    {
+        shared = {window, messages, points, {}};
+        timer_ = SetTimer(nullptr, 0, 10, Look);
+    }
+    ~Looks() { KillTimer(nullptr, timer_); }
+
+    // The colour that the point had at this look, both from 0.
+    static COLORREF At(size_t look, size_t point) { return shared.Colours.at(look).at(point); }
+    static size_t Count() { return shared.Colours.size(); }
+    static std::vector<COLORREF> Now(HWND window, const std::vector<POINT>& points)
+    {
+        HDC dc = GetDC(window);
+        std::vector<COLORREF> colours;
+        for (POINT point : points)
+            colours.push_back(GetPixel(dc, point.x, point.y));
+        ReleaseDC(window, dc);
+        return colours;
+    }
+
+private:
+    static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD)
+    {
+        size_t next = shared.Colours.size();
+        if (next >= shared.Messages.size())
+            return;
+        shared.Colours.push_back(Now(shared.Window, shared.Points));
+        const Queued& message = shared.Messages[next];
+        PostMessageW(shared.Window, message.Message, message.Message == WM_KEYDOWN ? VK_ESCAPE : 0,
+                     MAKELPARAM(message.X, message.Y));
+    }
+
+    static inline struct {
+        HWND Window;
+        std::vector<Queued> Messages;
+        std::vector<POINT> Points;
+        std::vector<std::vector<COLORREF>> Colours;
+    } shared;
+    UINT_PTR timer_;
+};
+
+// The left edge of a cell that is drawn so.
+COLORREF LeftEdge(HWND window, UINT edge)
+{
+    HDC screen = GetDC(window), dc = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, 50, 20);
+    HGDIOBJ previous = SelectObject(dc, bitmap);
+    RECT cell = {0, 0, 50, 20};
+    DrawEdge(dc, &cell, edge, BF_RECT | BF_SOFT);
+    COLORREF colour = GetPixel(dc, 0, 10);
+    SelectObject(dc, previous);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    ReleaseDC(window, screen);
+    return colour;
+}
+
+void Paint(HWND window)
+{
+    InvalidateRect(window, nullptr, FALSE);
+    UpdateWindow(window);
+}
+} // namespace
+
+TEST_F(ExplorerBarClicks, PressedHeadersAreSunkenWhileThePointerIsOverThem)
+{
+    COLORREF sunken = LeftEdge(grid.Window, EDGE_SUNKEN), raised = LeftEdge(grid.Window, EDGE_RAISED);
+    ASSERT_NE(sunken, raised);
+    Paint(grid.Window);
+    const POINT edge = {100, 10};
+    COLORREF before = Looks::Now(grid.Window, {edge})[0];
+    Looks looks(grid.Window, {MoveTo(120, 60), MoveTo(122, 12), Escape()}, {edge});
+    Gesture(120, 10, {});
+    ASSERT_EQ(Looks::Count(), 3u);
+    EXPECT_EQ(Looks::At(0, 0), sunken);
+    EXPECT_EQ(Looks::At(1, 0), raised);
+    EXPECT_EQ(Looks::At(2, 0), sunken);
+    Hover(270, 100);
+    UpdateWindow(grid.Window);
+    EXPECT_EQ(Looks::Now(grid.Window, {edge})[0], before);
+}
+
+// Whether the points show the pattern: neighbours of two colours, in turn.
+static bool IsPattern(size_t look, size_t first)
+{
+    return Looks::At(look, first) == Looks::At(look, first + 3) &&
+           Looks::At(look, first + 1) == Looks::At(look, first + 2) &&
+           Looks::At(look, first) != Looks::At(look, first + 1);
+}
+
+TEST_F(MovingColumns, MarkStandsInTheGapAndACopyFollowsThePointer)
+{
+    Paint(grid.Window);
+    const std::vector<POINT> points = {{198, 150}, {199, 150}, {198, 151}, {199, 151}, // the mark's left half
+                                       {200, 150}, {201, 150}, {200, 151}, {201, 151}, // its right half
+                                       {197, 150}, {202, 150},                         // beside it
+                                       {191, 10},                                      // the copy's edge
+                                       {150, 150}};                                    // where it was before
+    std::vector<COLORREF> before = Looks::Now(grid.Window, points);
+    Looks looks(grid.Window, {MoveTo(151, 10), MoveTo(211, 10), Escape()},
+                {points[0], points[1], points[2], points[3], points[4], points[5], points[6], points[7],
+                 points[8], points[9], points[10], points[11]});
+    Gesture(70, 10, {});
+    ASSERT_EQ(Looks::Count(), 3u);
+    EXPECT_TRUE(IsPattern(2, 0));
+    EXPECT_TRUE(IsPattern(2, 4));
+    EXPECT_EQ(Looks::At(2, 8), before[8]);
+    EXPECT_EQ(Looks::At(2, 9), before[9]);
+    EXPECT_EQ(Looks::At(2, 10), LeftEdge(grid.Window, EDGE_SUNKEN));
+    EXPECT_NE(Looks::At(2, 10), before[10]);
+    EXPECT_NE(Looks::At(1, 11), before[11]) << "the mark before the third column";
+    EXPECT_EQ(Looks::At(2, 11), before[11]) << "it has gone on";
+    Hover(270, 100);
+    UpdateWindow(grid.Window);
+    EXPECT_EQ(Looks::Now(grid.Window, points), before);
+}
+
 class MovingRows : public ExplorerBarClicks
 {
 protected:
@@ -372,4 +496,16 @@ TEST(Gaps, LieBeforeTheEntryWhoseMiddleIsPastThePointer)
     ResizeBoth(grid, 0, 0);
     EXPECT_EQ(ColumnGapAt(grid, 10), 0);
     EXPECT_EQ(RowGapAt(grid, 10), 0);
+}
+
+TEST_F(MovingRows, MarkStandsInTheGap)
+{
+    Paint(grid.Window);
+    Looks looks(grid.Window, {MoveTo(25, 85), Escape()},
+                {{150, 78}, {151, 78}, {150, 79}, {151, 79}, {150, 80}, {151, 80}, {150, 81}, {151, 81}});
+    Gesture(25, 30, {});
+    ASSERT_EQ(Looks::Count(), 2u);
+    EXPECT_FALSE(IsPattern(0, 0));
+    EXPECT_TRUE(IsPattern(1, 0));
+    EXPECT_TRUE(IsPattern(1, 4));
 }
