@@ -203,14 +203,24 @@ TEST_F(KeyboardOfHost, TheHostHearsOfTheFocusBeforeTheEvent)
 
 TEST_F(KeyboardOfHost, RedrawIsOffWhileTheHostActivates)
 {
-    for (auto redraw : {lorvRDBuffered, lorvRDNone}) {
-        grid_->put_Redraw(redraw);
+    auto redraw = [this] {
+        RedrawSettings value = lorvRDDirect;
+        grid_->get_Redraw(&value);
+        return value;
+    };
+    std::map<std::string, RedrawSettings> during;
+    site_.OnCall = [&](const std::string& call) { during[call] = redraw(); };
+    for (auto setting : {lorvRDBuffered, lorvRDNone}) {
+        grid_->put_Redraw(setting);
         SetFocus(window_);
+        EXPECT_EQ(setting, redraw());
+        EXPECT_EQ(lorvRDNone, during["OnUIActivate"]);
+        EXPECT_EQ(lorvRDNone, during["GotFocus"]);
         SetFocus(other_);
-        RedrawSettings after = lorvRDDirect;
-        grid_->get_Redraw(&after);
-        EXPECT_EQ(redraw, after);
+        EXPECT_EQ(setting, redraw());
+        EXPECT_EQ(setting, during["LostFocus"]);
     }
+    site_.OnCall = nullptr;
 }
 
 TEST_F(KeyboardOfHost, AControlThatIsNotInPlaceTellsItsHostNothing)

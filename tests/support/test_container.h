@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -51,6 +52,7 @@ public:
     std::set<UINT> Blocked;          // messages that end at the host
     std::vector<UINT> Before, After; // messages seen by the filter
     std::vector<std::string> Calls;
+    std::function<void(const std::string& call)> OnCall;
 
     int Count(const char* call) const
     {
@@ -154,6 +156,8 @@ private:
     HRESULT Note(const char* call)
     {
         Calls.push_back(call);
+        if (OnCall)
+            OnCall(call);
         return S_OK;
     }
 };

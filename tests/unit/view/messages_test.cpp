@@ -7,6 +7,7 @@
 #include "support/grid_window.h"
 #include "view/mouse.h"
 #include "view/scroll.h"
+#include "view/theme.h"
 
 namespace
 {
@@ -59,6 +60,12 @@ TEST_F(Messages, AnswerAsHostsAndToolsExpect)
         {133, 1, false, Untouched}, // WM_NCPAINT
         {32, 0, false, Untouched},  // WM_SETCURSOR
         {WM_SYSCHAR, 'x', false, Untouched},
+        {WM_TIMER, 99, false, Untouched},
+        {WM_COMMAND, MAKEWPARAM(665, EN_UPDATE), false, Untouched}, // a window of the host's
+        {WM_CTLCOLOREDIT, 0, false, Untouched},
+        {WM_CTLCOLORLISTBOX, 0, false, Untouched},
+        {WM_CTLCOLORSTATIC, 0, false, Untouched},
+        {WM_DRAWITEM, 667, false, Untouched}, // no drop-down is open
         {WM_NULL, 0, false, Untouched},
     };
     for (const auto& row : rows) {
@@ -107,6 +114,14 @@ TEST_F(Messages, NewSystemColoursRebuildWhatIsDrawnWith)
         EXPECT_TRUE(HasOption(grid, OptionGdiStale)) << message;
         EXPECT_TRUE(RepaintsAll()) << message;
     }
+}
+
+TEST_F(Messages, ANewThemeIsOpenedForTheWindow)
+{
+    grid.Theme.ThemeWindow = nullptr;
+    Send(WM_THEMECHANGED);
+    EXPECT_EQ(grid.Theme.ThemeWindow, grid.Window);
+    CloseThemes(grid);
 }
 
 TEST_F(Messages, ANewFrameRebuildsWhatIsDrawnWith)
