@@ -80,6 +80,16 @@ const Case cases[] = {
     {"RemoveItem", CALL(g.RemoveItem(Value(4))), everything},
     {"Clear", CALL(g.Clear(missing, missing)), everything},
     {"Clear, selection", CALL(g.Clear(Value(lorvClearSelection), Value(lorvClearText))), everything},
+    {"Sort", CALL(g.put_Sort(lorvSortGenericAscending)), everything},
+    {"Sort, none", CALL(g.put_Sort(lorvSortNone)), nothing},
+    {"Sort, one row by name", CALL(g.put_Cell(lorvcpSort, Value(2), Value(1), Value(2), Value(1), Value(1))),
+     allAndLayout},
+    {"ColSort", CALL(g.put_ColSort(-1, lorvSortStringAscending)), nothing},
+    {"MergeRow", CALL(g.put_MergeRow(2, VARIANT_TRUE)), allAndMerges},
+    {"MergeCol", CALL(g.put_MergeCol(1, VARIANT_TRUE)), allAndMerges},
+    {"Clip, empty", CALL((SetCellText(g, 2, 1, L"x"), ValidateRect(g.Window, nullptr), g.put_Clip(nullptr))),
+     theCellAndMerges},
+    {"Clip", CALL(g.put_Clip(Bstr(L"a\tb\rc\td").Get())), {Area::Selection, false, true}},
     {"Clear, nowhere", CALL((g.Clear(Value(3), missing), S_OK)), nothing},
 };
 #undef CALL

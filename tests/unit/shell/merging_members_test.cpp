@@ -6,6 +6,7 @@
 #include "support/member_grid.h"
 #include "support/pixels.h"
 
+#include <utility>
 #include <vector>
 
 namespace
@@ -149,6 +150,36 @@ TEST_F(MergingMembers, PermissionsFollowTheRuleOfIndices)
     EXPECT_EQ(grid.get_MergeRow(0, nullptr), E_POINTER);
     EXPECT_EQ(grid.get_MergeCol(0, nullptr), E_POINTER);
     EXPECT_EQ(sink.Taken(), std::vector<DISPID>{});
+}
+
+// In a window, with the top row far below the last one until a layout brings it back.
+TEST_F(MergingMembers, RepaintWhatTheyChange)
+{
+    grid.Window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr,
+                                  nullptr, nullptr);
+    const struct {
+        const char* Name;
+        HRESULT (*Put)(MemberGrid&);
+        bool Repaints, LaysOut;
+    } members[] = {
+        {"MergeCells", [](MemberGrid& g) { return g.put_MergeCells(lorvMergeFree); }, true, false},
+        {"MergeCellsFixed", [](MemberGrid& g) { return g.put_MergeCellsFixed(lorvMergeFree); }, true, false},
+        {"MergeCompare", [](MemberGrid& g) { return g.put_MergeCompare(lorvMCNoCase); }, true, false},
+        {"GroupCompare", [](MemberGrid& g) { return g.put_GroupCompare(lorvMCNoCase); }, true, false},
+        {"FormatString", [](MemberGrid& g) { return g.put_FormatString(Bstr(L"A|B").Get()); }, true, true},
+        {"FormatString, empty", [](MemberGrid& g) { return g.put_FormatString(nullptr); }, true, true},
+        {"ClipSeparators", [](MemberGrid& g) { return g.put_ClipSeparators(Bstr(L",;").Get()); }, false,
+         false},
+    };
+    for (const auto& member : members) {
+        SCOPED_TRACE(member.Name);
+        grid.TopRow = 999;
+        ValidateRect(grid.Window, nullptr);
+        EXPECT_EQ(member.Put(grid), S_OK);
+        EXPECT_EQ(GetUpdateRect(grid.Window, nullptr, FALSE) != FALSE, member.Repaints);
+        EXPECT_EQ(grid.TopRow != 999, member.LaysOut);
+    }
+    DestroyWindow(std::exchange(grid.Window, nullptr));
 }
 
 class MergedRange : public MergingMembers
