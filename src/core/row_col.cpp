@@ -341,7 +341,8 @@ void SetFixedOnAxis(Axis axis, int fixed, int frozen) noexcept
     if (fixed >= 0) {
         fixed = std::min(fixed, axis.Count);
         axis.Frozen = std::min(axis.Frozen, axis.Count - fixed);
-        axis.First += fixed - axis.Fixed;
+        axis.First =
+            static_cast<int>(std::min(int64_t{axis.First} + fixed - axis.Fixed, int64_t{axis.Count}));
         MoveCurrentWithBoundary(axis, fixed);
         axis.First = std::max(axis.First, fixed + axis.Frozen);
         axis.Fixed = fixed;

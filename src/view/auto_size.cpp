@@ -68,6 +68,12 @@ void BringMergeLinksUpToDate(Grid& grid)
     RepaintGrid(grid);
 }
 
+// A size that comes out negative is none: the default applies.
+int StoredSize(const Sizing& sizing, int best) noexcept
+{
+    return std::clamp(sizing.Extra + best, UnsetLength, MaxPixels);
+}
+
 HFONT CellFont(const CellFormat* format) noexcept
 {
     return format ? format->Font : nullptr;
@@ -125,11 +131,11 @@ void SizeRows(const Sizing& sizing)
             continue;
         best = TallestInRow(sizing, row, best);
         if (!sizing.Equal && best >= 1 && row < grid.Rows)
-            grid.RowTable[row].Height = sizing.Extra + std::exchange(best, -1);
+            grid.RowTable[row].Height = StoredSize(sizing, std::exchange(best, -1));
     }
     for (int row = 0; sizing.Equal && best >= 1 && row < grid.Rows; ++row)
         if (grid.RowTable[row].Height != 0)
-            grid.RowTable[row].Height = sizing.Extra + best;
+            grid.RowTable[row].Height = StoredSize(sizing, best);
 }
 
 // Columns by what is in them
@@ -186,11 +192,11 @@ void SizeCols(const Sizing& sizing)
     for (int col = sizing.First; col <= sizing.Last && col < grid.Cols; ++col) {
         best = WidestInCol(sizing, col, digit.cx, best);
         if (!sizing.Equal && col < grid.Cols)
-            grid.ColTable[col].Width = sizing.Extra + std::exchange(best, static_cast<int>(digit.cx));
+            grid.ColTable[col].Width = StoredSize(sizing, std::exchange(best, static_cast<int>(digit.cx)));
     }
     for (int col = sizing.First; sizing.Equal && col <= sizing.Last && col < grid.Cols; ++col)
         if (grid.ColTable[col].Width != 0)
-            grid.ColTable[col].Width = sizing.Extra + best;
+            grid.ColTable[col].Width = StoredSize(sizing, best);
 }
 
 // The font object may have been changed behind the grid's back.

@@ -71,7 +71,7 @@ int LastFirst(const Grid& grid, const AxisLayout& layout)
 {
     const SheetAxis& axis = layout.Axis;
     int frozenEnd = FrozenEnd(grid, axis), last = grid.*axis.Count - 1;
-    int room = layout.Available - layout.Frozen;
+    int64_t room = int64_t{layout.Available} - layout.Frozen;
     int index = last;
     for (; index >= frozenEnd; --index) {
         room -= axis.LengthOf(grid, index);
@@ -132,17 +132,24 @@ int Capped(const Grid& grid, const SheetAxis& axis) noexcept
     return first > most ? std::max(most, FrozenEnd(grid, axis)) : first;
 }
 
+// Stores a position that has to change. A handler may have taken rows and columns away.
+void MoveFirst(Grid& grid, const SheetAxis& axis, int from, int to) noexcept
+{
+    if (to != from)
+        grid.*axis.First = std::max(std::min(to, grid.*axis.Count), FrozenEnd(grid, axis));
+}
+
 // Whether the positions are those that the tables and bars allow. False: a handler refused, and they stay.
 bool BringPositionsInside(Grid& grid)
 {
+    int oldTop = grid.TopRow, oldLeft = grid.LeftCol;
     int top = Capped(grid, RowAxis), left = Capped(grid, ColAxis);
-    if (top == grid.TopRow && left == grid.LeftCol)
+    if (top == oldTop && left == oldLeft)
         return true;
-    if (event::BeforeScroll(grid, grid.TopRow, grid.LeftCol, top, left))
+    if (event::BeforeScroll(grid, oldTop, oldLeft, top, left))
         return false;
-    // The handler may have taken rows and columns away.
-    grid.TopRow = std::max(std::min(top, grid.Rows), FrozenEndRow(grid));
-    grid.LeftCol = std::max(std::min(left, grid.Cols), FrozenEndCol(grid));
+    MoveFirst(grid, RowAxis, oldTop, top);
+    MoveFirst(grid, ColAxis, oldLeft, left);
     return true;
 }
 } // namespace

@@ -8,12 +8,13 @@
 bool IsRowSelected(const Grid& grid, int row) noexcept
 {
     bool list = grid.SelectionMode == lorvSelectionListBox;
-    if (list && grid.ActiveEditor != 0 && row == grid.Row)
-        return true;
+    bool flagged = (grid.RowTable[row].Flags & RowFlagSelected) != 0;
+    if (list && grid.ActiveEditor != 0)
+        return flagged || row == grid.Row;
     bool dragged = row >= std::min(grid.Row, grid.RowSel) && row <= std::max(grid.Row, grid.RowSel);
     if ((grid.PaintMode & PaintMouseHeld) && dragged)
         return !list || (grid.PaintMode & PaintListDragAdds);
-    return (grid.RowTable[row].Flags & RowFlagSelected) != 0;
+    return flagged;
 }
 
 bool SetRowSelected(Grid& grid, int row, bool selected)

@@ -6,6 +6,7 @@
 #include "view/scroll_bar.h"
 
 #include <algorithm>
+#include <climits>
 #include <utility>
 
 namespace
@@ -124,7 +125,8 @@ int NewPosition(const Grid& grid, const SheetAxis& axis, int old, const ScrollBa
     if (bar.Exists && atStart)
         return bar.Info.nMin;
     if (first == old + 1)
-        return bar.Info.nPos + axis.LengthOf(grid, old);
+        return static_cast<int>(
+            std::min<int64_t>(int64_t{bar.Info.nPos} + axis.LengthOf(grid, old), INT_MAX));
     if (first == old - 1)
         return bar.Info.nPos - axis.LengthOf(grid, first);
     return SumLengths(grid, axis, 0, first);
@@ -185,15 +187,15 @@ void Scroll(Grid& grid, const SheetAxis& axis, int code, int position, bool forc
     if (target < 0 || grid.*axis.Count == FrozenEnd(grid, axis))
         return;
     target = Clamped(grid, axis, target);
-    if (target == grid.*axis.First)
+    int first = grid.*axis.First, top = grid.TopRow, left = grid.LeftCol;
+    if (target == first)
         return;
-    int top = grid.TopRow, left = grid.LeftCol;
     if (!AskBeforeScroll(grid, axis, target) || !grid.Window)
         return;
     target = Clamped(grid, axis, target); // the handler may have taken entries away
     if (target != grid.*axis.First)
         ScrollTo(grid, axis, target, bar);
-    if (grid.TopRow != top || grid.LeftCol != left)
+    if (grid.*axis.First != first)
         event::AfterScroll(grid, top, left, grid.TopRow, grid.LeftCol);
 }
 } // namespace

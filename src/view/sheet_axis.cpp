@@ -25,6 +25,16 @@ int64_t SumCols(const Grid& grid, int first, int end)
 {
     return Sum(ColLengths(grid), grid.ColTable, first, end);
 }
+
+// Pixels from behind an entry to the end of the first scrolled one. A first entry that was set before there
+// was a window may lie far behind the table, where all lengths are alike.
+int64_t LengthBack(const Grid& grid, const SheetAxis& axis, int index)
+{
+    int first = grid.*axis.First, last = grid.*axis.Count - 1;
+    int64_t behindTable = std::max<int64_t>(int64_t{first} - std::max(index, last), 0);
+    return ExactLength(grid, axis, index + 1, std::min(first, last) + 1) +
+           behindTable * axis.LengthOf(grid, first);
+}
 } // namespace
 
 const SheetAxis RowAxis = {
@@ -44,24 +54,30 @@ const SheetAxis ColAxis = {&Grid::Cols,
                            lorvScrollBarHorizontal,
                            SM_CYVSCROLL};
 
+int64_t ExactLength(const Grid& grid, const SheetAxis& axis, int first, int end)
+{
+    return axis.Sum(grid, std::max(first, 0), std::min(end, grid.*axis.Count));
+}
+
 int SumLengths(const Grid& grid, const SheetAxis& axis, int first, int end)
 {
-    int64_t sum = axis.Sum(grid, std::max(first, 0), std::min(end, grid.*axis.Count));
-    return static_cast<int>(std::min<int64_t>(sum, INT_MAX));
+    return static_cast<int>(std::min<int64_t>(ExactLength(grid, axis, first, end), INT_MAX));
+}
+
+int64_t ExactStart(const Grid& grid, const SheetAxis& axis, int index)
+{
+    int frozenEnd = FrozenEnd(grid, axis), first = grid.*axis.First;
+    int64_t start = ExactLength(grid, axis, 0, std::min(index, frozenEnd));
+    if (index < frozenEnd)
+        return start;
+    return index >= first ? start + ExactLength(grid, axis, first, index)
+                          : start - LengthBack(grid, axis, index);
 }
 
 int StartOf(const Grid& grid, const SheetAxis& axis, int index)
 {
-    int frozenEnd = FrozenEnd(grid, axis);
-    int start = SumLengths(grid, axis, 0, std::min(index, frozenEnd));
-    if (index < frozenEnd)
-        return start;
-    int first = grid.*axis.First;
-    if (index >= first)
-        return start + SumLengths(grid, axis, first, index);
-    for (int each = first; each > index; --each)
-        start -= axis.LengthOf(grid, each);
-    return start;
+    constexpr int64_t farthest = 1 << 30; // so that a length can still be added
+    return static_cast<int>(std::clamp(ExactStart(grid, axis, index), -farthest, farthest));
 }
 
 int NextShown(const Grid& grid, const SheetAxis& axis, int index, int last)

@@ -27,7 +27,9 @@ inline int FrozenEnd(const Grid& grid, const SheetAxis& axis) noexcept
 {
     return grid.*axis.Fixed + grid.*axis.Frozen;
 }
-// Pixels of the entries from `first` up to `end`; what is not in the table counts nothing. Capped at INT_MAX.
+// Pixels of the entries from `first` up to `end`; what is not in the table counts nothing.
+int64_t ExactLength(const Grid& grid, const SheetAxis& axis, int first, int end);
+// The same, capped at INT_MAX.
 int SumLengths(const Grid& grid, const SheetAxis& axis, int first, int end);
 inline int FrozenLength(const Grid& grid, const SheetAxis& axis)
 {
@@ -35,6 +37,8 @@ inline int FrozenLength(const Grid& grid, const SheetAxis& axis)
 }
 // Top or left of an entry in client pixels when nothing is mirrored. One that is scrolled away is counted
 // back from the first scrolled entry without its own length; both axes share this.
+int64_t ExactStart(const Grid& grid, const SheetAxis& axis, int index);
+// The same, kept within 2^30 pixels.
 int StartOf(const Grid& grid, const SheetAxis& axis, int index);
 
 // The first entry with a length at or after `index`, or else the last entry up to `last`.

@@ -33,9 +33,9 @@ int FirstToShow(const Grid& grid, const SheetAxis& axis, int index)
     if (index < first && index >= FrozenEnd(grid, axis))
         return index;
     int edge = ClientRectOf(grid).*axis.Far;
-    int start = StartOf(grid, axis, index);
-    int end = start + axis.LengthOf(grid, index);
-    int frozenEdge = FrozenLength(grid, axis);
+    int64_t start = ExactStart(grid, axis, index);
+    int64_t end = start + axis.LengthOf(grid, index);
+    int64_t frozenEdge = ExactLength(grid, axis, 0, FrozenEnd(grid, axis));
     if (end <= edge || start <= frozenEdge + 1)
         return first;
     int each = first;
@@ -56,7 +56,7 @@ struct Page {
 Page PageFrom(const Grid& grid, const SheetAxis& axis, int index)
 {
     int limit = index < FrozenEnd(grid, axis) ? grid.*axis.Fixed : FrozenEnd(grid, axis);
-    return {limit, int64_t{ClientRectOf(grid).*axis.Far} - SumLengths(grid, axis, 0, limit)};
+    return {limit, ClientRectOf(grid).*axis.Far - ExactLength(grid, axis, 0, limit)};
 }
 
 int PreviousPage(const Grid& grid, const SheetAxis& axis, int index, bool leavesIndex)
@@ -87,7 +87,7 @@ int LastInView(const Grid& grid, const SheetAxis& axis)
 {
     int edge = ClientRectOf(grid).*axis.Far;
     int index = grid.*axis.First;
-    int64_t start = StartOf(grid, axis, index);
+    int64_t start = ExactStart(grid, axis, index);
     for (; index < grid.*axis.Count - 1; ++index) {
         start += axis.LengthOf(grid, index);
         if (start >= edge)

@@ -214,6 +214,64 @@ TEST_F(ViewMembers, ReadingTheCellsPlaceDoesNotScrollWithoutABar)
     EXPECT_EQ(grid.TopRow, 1);
 }
 
+TEST_F(ViewMembers, ReadingTheCellsPlaceScrollsOnlyTheAxesWithABar)
+{
+    OpenWindow();
+    grid.ScrollBars = lorvScrollBarHorizontal;
+    grid.Row = grid.RowSel = 25, grid.Col = grid.ColSel = 18;
+    Read(&ILorvGrid::get_CellWidth);
+    EXPECT_EQ(grid.TopRow, 1);
+    EXPECT_GT(grid.LeftCol, 1);
+    grid.LeftCol = 1;
+    grid.ScrollBars = lorvScrollBarVertical;
+    Read(&ILorvGrid::get_CellHeight);
+    EXPECT_GT(grid.TopRow, 1);
+    EXPECT_EQ(grid.LeftCol, 1);
+}
+
+TEST_F(ViewMembers, PlaceOfAMergedCellIsItsOwnAndItsSizeThatOfTheRange)
+{
+    OpenWindow();
+    for (int col : {2, 3}) {
+        SetCellText(grid, 4, col, L"x");
+        grid.RowTable[4].Cells[col].State |= col == 2 ? LinkRight : LinkLeft;
+    }
+    grid.RowTable[4].MergeRow = 1;
+    grid.MergeCells = lorvMergeFree;
+    SetOption(grid, OptionMergeStale, false);
+    grid.Row = grid.RowSel = 4, grid.Col = grid.ColSel = 3;
+    EXPECT_EQ(Read(&ILorvGrid::get_CellLeft), PixelsToTwipsX(150));
+    EXPECT_EQ(Read(&ILorvGrid::get_CellTop), PixelsToTwipsY(80));
+    EXPECT_EQ(Read(&ILorvGrid::get_CellWidth), PixelsToTwipsX(100));
+    EXPECT_EQ(Read(&ILorvGrid::get_CellHeight), PixelsToTwipsY(20));
+}
+
+TEST_F(ViewMembers, ColumnsRunFromTheRightWhenTheyAreMirrored)
+{
+    OpenWindow();
+    SetOption(grid, OptionRightToLeft, true);
+    int right = ClientRectOf(grid).right;
+    EXPECT_EQ(ReadAt(&ILorvGrid::get_ColPos, 0), PixelsToTwipsX(right - 50));
+    EXPECT_EQ(ReadAt(&ILorvGrid::get_ColPos, 2), PixelsToTwipsX(right - 150));
+    EXPECT_EQ(ReadAt(&ILorvGrid::get_RowPos, 2), PixelsToTwipsY(40));
+}
+
+TEST_F(ViewMembers, MouseIsOverACellOrNowhere)
+{
+    OpenWindow();
+    ASSERT_EQ(host.put_Rows(6), S_OK);
+    struct {
+        int X, Y, Row, Col;
+    } const cases[] = {{60, 30, 1, 1}, {10, 10, 0, 0}, {60, 150, -1, 1}, {350, 30, -1, -1}};
+    for (const auto& c : cases) {
+        POINT point = {c.X, c.Y};
+        ClientToScreen(grid.Window, &point);
+        SetCursorPos(point.x, point.y);
+        EXPECT_EQ(Read(&ILorvGrid::get_MouseRow), c.Row) << c.X << ',' << c.Y;
+        EXPECT_EQ(Read(&ILorvGrid::get_MouseCol), c.Col) << c.X << ',' << c.Y;
+    }
+}
+
 // Scrolling
 
 TEST_F(ViewMembers, FirstRowWaitsForTheWindow)
@@ -371,6 +429,59 @@ TEST_F(ViewMembers, SelectedFlagIsReported)
     EXPECT_TRUE(Selected(0) && Selected(30));
 }
 
+TEST_F(ViewMembers, SelectedFlagIsAnnouncedWhateverTheAnswer)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    events.On = [](DISPID id, DISPPARAMS& parameters) {
+        if (id == BeforeSelChangeId)
+            *parameters.rgvarg[0].pboolVal = VARIANT_TRUE;
+    };
+    EXPECT_EQ(host.put_IsSelected(5, VARIANT_TRUE), S_OK);
+    EXPECT_TRUE(Selected(5));
+    EXPECT_EQ(events.Ids(), (std::vector<DISPID>{8, 1, 9}));
+    EXPECT_EQ(events.Events[0].Values, (std::vector<long>{1, 1, 5, 1, 0})) << "the cell, then the row";
+    events.Events.clear();
+    grid.Row = grid.RowSel = -1;
+    FireSelectionEvents(grid);
+    events.Events.clear();
+    EXPECT_EQ(host.put_IsSelected(6, VARIANT_TRUE), S_OK);
+    EXPECT_EQ(events.Ids(), (std::vector<DISPID>{1, 9})) << "no current cell: no announcement";
+}
+
+TEST_F(ViewMembers, SelectedFlagIsKeptOutsideAListBoxButNotReported)
+{
+    EXPECT_EQ(host.put_IsSelected(5, VARIANT_TRUE), S_OK);
+    EXPECT_TRUE(Selected(5));
+    EXPECT_EQ(events.Ids(), (std::vector<DISPID>{8}));
+    EXPECT_EQ(ReadAt(&ILorvGrid::get_SelectedRow, 0), 5) << "counted in every mode";
+    EXPECT_EQ(host.put_SelectionMode(lorvSelectionFree), S_OK);
+    EXPECT_FALSE(Selected(5)) << "cleared by the present mode too";
+}
+
+TEST_F(ViewMembers, SelectTakesTheRowsOfAListBox)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    EXPECT_EQ(host.put_IsSelected(20, VARIANT_TRUE), S_OK);
+    EXPECT_EQ(host.Select(8, 2, Value(6), missing), S_OK);
+    EXPECT_TRUE(Selected(6) && Selected(7) && Selected(8));
+    EXPECT_FALSE(Selected(20));
+    EXPECT_EQ(Read(&ILorvGrid::get_SelectedRows), 3);
+}
+
+TEST_F(ViewMembers, SelectionSettersUnlock)
+{
+    const auto unlocks = [&](auto set) {
+        grid.EditFlags |= EditFlagSelectionLocked;
+        set();
+        EXPECT_FALSE(grid.EditFlags & EditFlagSelectionLocked);
+    };
+    unlocks([&] { host.put_Row(99); });
+    unlocks([&] { host.put_Col(99); });
+    unlocks([&] { host.put_RowSel(99); });
+    unlocks([&] { host.put_ColSel(99); });
+    unlocks([&] { host.Select(99, 0, missing, missing); });
+}
+
 TEST_F(ViewMembers, CurrentRowOfAListBoxIsSelectedAlone)
 {
     grid.SelectionMode = lorvSelectionListBox;
@@ -392,5 +503,16 @@ TEST_F(ViewMembers, AutoSizeTakesItsArgumentsLoosely)
     EXPECT_LT(grid.ColTable[3].Width, plain);
     EXPECT_EQ(host.AutoSize(2, Value(3), Value(true), missing), S_OK);
     EXPECT_EQ(grid.ColTable[3].Width, plain);
+    grid.ColTable[3].Width = 50;
+    EXPECT_EQ(host.AutoSize(3, Value(-1), missing, missing), S_OK)
+        << "only the first one is checked for that";
+    EXPECT_EQ(grid.ColTable[3].Width, 50);
+}
+
+TEST_F(ViewMembers, AutoSizeMeasuresTheFontBeforeItChecks)
+{
+    grid.DefaultRowHeight = 1;
+    EXPECT_EQ(host.AutoSize(99, missing, missing, missing), LORV_E_INDEX);
+    EXPECT_GT(grid.DefaultRowHeight, 1);
 }
 } // namespace

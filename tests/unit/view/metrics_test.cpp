@@ -3,14 +3,24 @@
 #include "platform/dpi.h"
 #include "platform/gdi.h"
 #include "support/grid_window.h"
-#include "support/pixels.h"
-#include "view/auto_size.h"
-#include "view/hit_test.h"
 #include "view/sheet_axis.h"
 
 namespace
 {
-using Metrics = GridInWindow;
+class Metrics : public GridInWindow
+{
+protected:
+    // Merging is on, and the cell has the links; nothing makes them anew.
+    void MergeCell(int row, int col, int links)
+    {
+        grid.MergeCells = lorvMergeFree;
+        grid.RowTable[row].MergeRow = 1;
+        grid.ColTable[col].MergeCol = 1;
+        SetCellText(grid, row, col, L"x");
+        grid.RowTable[row].Cells[col].State |= static_cast<uint8_t>(links);
+        SetOption(grid, OptionMergeStale, false);
+    }
+};
 
 // Heights and widths
 
@@ -156,231 +166,29 @@ TEST_F(Metrics, DefaultHeightIsThatOfTheFontAndFourMore)
     EXPECT_FALSE(HasOption(grid, OptionMergeStale)) << "the height is the same";
 }
 
-// AutoSize
-
-class Sizing : public GridInWindow
+TEST_F(Metrics, ColumnIsStretchedOnlyWhenAllLaterOnesHaveNoWidth)
 {
-protected:
-    Sizing() { RecalcDefaultRowHeight(grid); }
-    SIZE Measure(const wchar_t* text)
-    {
-        ScreenDC screen;
-        SelectedObject font(screen.Get(), GridFontHandle(grid));
-        SIZE size = {};
-        GetTextExtentPoint32W(screen.Get(), text, static_cast<int>(wcslen(text)), &size);
-        return size;
-    }
-    int TextWidth(const wchar_t* text) { return Measure(text).cx + 8 + Digit(); }
-    int Digit() { return Measure(L"0").cx; }
-    int LineHeight() { return Measure(L"Hj").cy; }
-    void SizeColumns(int first, int last, bool equal = false, int extra = 0)
-    {
-        AutoSizeRange(grid, first, last, equal, extra, lorvAutoSizeColWidth);
-    }
-    void SizeAllRows(bool equal = false, int extra = 0)
-    {
-        AutoSizeRange(grid, 1, 4, equal, extra, lorvAutoSizeRowHeight);
-    }
-    int ColWidthOf(int col) const { return grid.ColTable[col].Width; }
-    int HeightOf(int row) const { return grid.RowTable[row].Height; }
-};
-
-TEST_F(Sizing, ColumnTakesItsWidestText)
-{
-    SetCellText(grid, 3, 2, L"a rather long text");
-    SetCellText(grid, 4, 2, L"short");
-    SizeColumns(1, 2);
-    EXPECT_EQ(ColWidthOf(2), TextWidth(L"a rather long text"));
-    EXPECT_EQ(ColWidthOf(1), 8 + Digit()) << "room for a digit at least";
-    EXPECT_EQ(ColWidthOf(3), 50);
-}
-
-TEST_F(Sizing, ExtraSpaceAndIndentAreAdded)
-{
-    SetCellText(grid, 3, 2, L"text");
-    grid.ColTable[2].Indent = 9;
-    SizeColumns(2, 2, false, 30);
-    EXPECT_EQ(ColWidthOf(2), TextWidth(L"text") + 9 + 30);
-}
-
-TEST_F(Sizing, EqualColumnsGetTheWidestOfAll)
-{
-    SetCellText(grid, 3, 2, L"a rather long text");
-    grid.ColTable[3].Width = 0;
-    SizeColumns(1, 4, true);
-    EXPECT_EQ(ColWidthOf(1), TextWidth(L"a rather long text"));
-    EXPECT_EQ(ColWidthOf(4), ColWidthOf(1));
-    EXPECT_EQ(ColWidthOf(3), 0) << "a column without width stays so";
-}
-
-TEST_F(Sizing, HiddenColumnsAreSizedAsWell)
-{
-    HideCol(2);
-    SizeColumns(2, 2, false, 5);
-    EXPECT_GE(ColWidthOf(2), 5 + Digit());
-    EXPECT_NE(ColWidthOf(2), 50);
-}
-
-TEST_F(Sizing, HiddenRowsCountOnlyInAnOutline)
-{
-    SetCellText(grid, 3, 2, L"a rather long text");
-    HideRow(3);
-    SizeColumns(2, 2);
-    EXPECT_EQ(ColWidthOf(2), 8 + Digit());
-    grid.OutlineBar = lorvOutlineBarSimple;
-    grid.OutlineLevelCount = 1;
-    AutoSizeRange(grid, 2, 2, false, 0, lorvAutoSizeColWidth);
-    EXPECT_EQ(ColWidthOf(2), TextWidth(L"a rather long text"));
-}
-
-TEST_F(Sizing, BooleanColumnHasRoomForItsBox)
-{
-    grid.ColTable[2].ColDataType = lorvDTBoolean;
-    SizeColumns(2, 2);
-    EXPECT_GE(ColWidthOf(2), 2 * DpiScale(10));
-}
-
-TEST_F(Sizing, WordWrapDoesNotMatterForWidths)
-{
-    SetCellText(grid, 3, 2, L"one two three");
-    SetOption(grid, OptionWordWrap, true);
-    SizeColumns(2, 2);
-    EXPECT_EQ(ColWidthOf(2), TextWidth(L"one two three"));
-}
-
-TEST_F(Sizing, WidthsEndAtTheScreen)
-{
-    SetCellText(grid, 3, 2, std::wstring(4000, L'W').c_str());
-    SizeColumns(2, 2);
-    EXPECT_EQ(ColWidthOf(2), GetSystemMetrics(SM_CXSCREEN));
-}
-
-TEST_F(Sizing, LimitsApplyAtUseOnly)
-{
-    grid.ColWidthMaxPixels = 3;
-    SetCellText(grid, 3, 2, L"text");
-    SizeColumns(2, 2);
-    EXPECT_EQ(ColWidthOf(2), TextWidth(L"text"));
-    EXPECT_EQ(EffectiveColWidth(grid, 2), 3);
-}
-
-TEST_F(Sizing, BackwardRangeSizesNothing)
-{
-    SizeColumns(3, 1);
-    EXPECT_EQ(ColWidthOf(2), 50);
-    SizeColumns(-1, 2);
-    SizeColumns(2, 5);
-    EXPECT_EQ(ColWidthOf(2), 50);
-}
-
-TEST_F(Sizing, PropertyDecidesWhatIsSized)
-{
-    SetCellText(grid, 3, 2, L"text");
-    grid.AutoSizeMode = lorvAutoSizeRowHeight;
-    AutoSizeRange(grid, 2, 2, false, 0, AutoSizeByProperty);
-    EXPECT_EQ(ColWidthOf(2), 50);
-    EXPECT_EQ(HeightOf(3), LineHeight() + 4);
-}
-
-TEST_F(Sizing, RowTakesItsTallestCell)
-{
-    SetCellText(grid, 3, 2, L"one");
-    SetCellText(grid, 3, 3, L"one\ntwo");
-    SetOption(grid, OptionWordWrap, true); // a single line ignores line ends
-    SizeAllRows();
-    EXPECT_EQ(HeightOf(3), 2 * LineHeight() + 4);
-    EXPECT_EQ(HeightOf(4), RowHeight) << "nothing in it";
-}
-
-TEST_F(Sizing, RowsGetTheExtraSpaceToo)
-{
-    SetCellText(grid, 3, 2, L"one");
-    SizeAllRows(false, 11);
-    EXPECT_EQ(HeightOf(3), LineHeight() + 4 + 11);
-}
-
-TEST_F(Sizing, EqualRowsGetTheTallestOfAll)
-{
-    SetCellText(grid, 3, 2, L"one");
-    grid.RowTable[5].Height = 0;
-    SizeAllRows(true);
-    EXPECT_EQ(HeightOf(1), LineHeight() + 4);
-    EXPECT_EQ(HeightOf(30), LineHeight() + 4);
-    EXPECT_EQ(HeightOf(5), 0);
-}
-
-TEST_F(Sizing, HiddenColumnsSayNothingAboutHeights)
-{
-    SetCellText(grid, 3, 2, L"one");
-    HideCol(2);
-    SizeAllRows();
-    EXPECT_EQ(HeightOf(3), RowHeight);
-}
-
-TEST_F(Sizing, PictureCountsWithoutMargin)
-{
-    auto picture = MakePicture(10, 57, RGB(1, 2, 3));
-    CellFormat* format = EnsureCellFormat(grid, 3, 2);
-    format->Picture = picture.Get();
-    picture->AddRef();
-    SizeAllRows();
-    EXPECT_EQ(HeightOf(3), 57);
-}
-
-TEST_F(Sizing, MergedCellCountsAsABlankLine)
-{
-    SetOption(grid, OptionWordWrap, true);
-    SetCellText(grid, 3, 2, L"one\ntwo\nthree");
-    grid.MergeCells = lorvMergeFree;
-    SetOption(grid, OptionMergeStale, false);
-    grid.RowTable[3].Cells[2].State |= LinkRight;
-    SizeAllRows();
-    EXPECT_EQ(HeightOf(3), LineHeight() + 4);
-}
-
-// Hit test
-
-TEST_F(Metrics, PointOnALineBelongsToTheUpperRow)
-{
-    struct {
-        int X, Y;
-        bool Strict;
-        CellPos Cell;
-        bool On;
-    } const cases[] = {
-        {10, 10, true, {0, 0}, true},    {60, 30, true, {1, 1}, true},    {60, 40, true, {1, 1}, true},
-        {60, 41, true, {2, 1}, true},    {50, 20, true, {0, 0}, true},    {280, 30, true, {1, -1}, false},
-        {280, 30, false, {1, 4}, false}, {60, 900, true, {-1, 1}, false}, {60, 900, false, {30, 1}, false},
-    };
-    for (const auto& c : cases) {
-        CellHit hit = HitTest(grid, {c.X, c.Y}, c.Strict, false);
-        EXPECT_EQ(hit.Cell.Row, c.Cell.Row) << c.X << ',' << c.Y;
-        EXPECT_EQ(hit.Cell.Col, c.Cell.Col) << c.X << ',' << c.Y;
-        EXPECT_EQ(hit.OnCell, c.On) << c.X << ',' << c.Y;
-    }
-}
-
-TEST_F(Metrics, PointAboveTheScrolledPartLeadsBack)
-{
-    grid.TopRow = 9;
-    EXPECT_EQ(HitTest(grid, {60, 10}, false, false).Cell.Row, 8);
-    EXPECT_EQ(HitTest(grid, {60, 10}, true, false).Cell.Row, 0);
-    EXPECT_EQ(HitTest(grid, {60, -500}, false, false).Cell.Row, 0);
-}
-
-TEST_F(Metrics, StretchedColumnIsHitToTheEdge)
-{
+    Resize(31, 21);
     SetOption(grid, OptionExtendLastCol, true);
-    CellHit hit = HitTest(grid, {280, 30}, true, false);
-    EXPECT_EQ(hit.Cell.Col, 4);
-    EXPECT_TRUE(hit.OnCell);
+    EXPECT_EQ(CellRect(grid, 2, 5).right, 300) << "the last one in view, with others behind it";
+    EXPECT_EQ(CellRect(grid, 2, 4).right, 250);
+    for (int col = 5; col < grid.Cols; ++col)
+        grid.ColTable[col].Width = 0;
+    EXPECT_EQ(CellRect(grid, 2, 4).right, ClientRectOf(grid).right);
 }
 
-TEST_F(Metrics, HitIsMirroredWithTheColumns)
+TEST_F(Metrics, CellIsAsLargeAsItsMergedRange)
 {
-    SetOption(grid, OptionRightToLeft, true);
-    int right = ClientRectOf(grid).right;
-    EXPECT_EQ(HitTest(grid, {right - 10, 30}, true, false).Cell.Col, 0);
-    EXPECT_EQ(HitTest(grid, {right - 60, 30}, true, false).Cell.Col, 1);
+    MergeCell(2, 3, LinkRight);
+    MergeCell(2, 4, LinkLeft);
+    const RECT both = {150, 40, 250, 60};
+    for (int col : {3, 4}) {
+        RECT cell = CellRect(grid, 2, col);
+        EXPECT_TRUE(EqualRect(&cell, &both)) << col;
+        cell = CellPixelRect(grid, 2, col);
+        EXPECT_EQ(cell.right - cell.left, 50) << col;
+    }
+    SetOption(grid, OptionExtendLastCol, true);
+    EXPECT_EQ(CellRect(grid, 2, 3).right, ClientRectOf(grid).right) << "the range ends in the last column";
 }
 } // namespace

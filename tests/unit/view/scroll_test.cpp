@@ -1,190 +1,13 @@
 #include "view/scroll.h"
 
 #include "support/grid_window.h"
+#include "support/pixels.h"
 #include "view/messages.h"
+#include "view/metrics.h"
 
 namespace
 {
-using Layout = GridInWindow;
 using Scrolling = GridInWindow;
-
-int BarWidth()
-{
-    return GetSystemMetrics(SM_CXHSCROLL); // crosswise on purpose
-}
-int BarHeight()
-{
-    return GetSystemMetrics(SM_CYVSCROLL);
-}
-
-// Layout
-
-TEST_F(Layout, VerticalBarCountsPixelsFromTheFrozenHeight)
-{
-    EXPECT_EQ(grid.MaxTopRow, 22);
-    SCROLLINFO bar = Bar(SB_VERT);
-    EXPECT_EQ(bar.nMin, 20);
-    EXPECT_EQ(bar.nMax, 620);
-    EXPECT_EQ(bar.nPage, 180u);
-    EXPECT_EQ(bar.nPos, 20);
-    EXPECT_EQ(Bar(SB_HORZ).nMax, 0);
-    EXPECT_EQ(grid.MaxLeftCol, 1);
-}
-
-TEST_F(Layout, IsTheSameWhenItIsMadeAgain)
-{
-    for (int i = 0; i < 3; ++i)
-        RecalculateLayout(grid);
-    EXPECT_EQ(grid.MaxTopRow, 22);
-    EXPECT_EQ(Bar(SB_VERT).nPage, 180u);
-    EXPECT_EQ(Fired(), "");
-}
-
-TEST_F(Layout, EachBarTakesItsRoomByTheMetricOfTheOther)
-{
-    Resize(31, 21);
-    EXPECT_EQ(Bar(SB_VERT).nPage, static_cast<UINT>(Height - BarHeight() - RowHeight));
-    EXPECT_EQ(Bar(SB_HORZ).nPage, static_cast<UINT>(Width - BarWidth() - ColWidth));
-    EXPECT_EQ(grid.MaxTopRow, 31 - (Height - BarHeight() - RowHeight) / RowHeight);
-    EXPECT_EQ(grid.MaxLeftCol, 21 - (Width - BarWidth() - ColWidth) / ColWidth);
-}
-
-TEST_F(Layout, HorizontalBarCanForceTheVerticalOne)
-{
-    Resize(10, 21); // 200 pixels: the rows just fit without a horizontal bar
-    EXPECT_EQ(Bar(SB_VERT).nMax, 200);
-    EXPECT_EQ(Bar(SB_HORZ).nPage, static_cast<UINT>(Width - BarWidth() - ColWidth));
-}
-
-TEST_F(Layout, BarsAppearOnlyWhereScrollBarsAllows)
-{
-    struct {
-        int ScrollBars;
-        bool Vertical, Horizontal;
-    } const cases[] = {{lorvScrollBarNone, false, false},
-                       {lorvScrollBarHorizontal, false, true},
-                       {lorvScrollBarVertical, true, false},
-                       {lorvScrollBarBoth, true, true}};
-    for (const auto& c : cases) {
-        grid.ScrollBars = static_cast<int16_t>(c.ScrollBars);
-        Resize(31, 21);
-        EXPECT_EQ(Bar(SB_VERT).nMax > 0, c.Vertical) << c.ScrollBars;
-        EXPECT_EQ(Bar(SB_HORZ).nMax > 0, c.Horizontal) << c.ScrollBars;
-    }
-}
-
-TEST_F(Layout, BarThatIsOffIsHiddenHoweverItCameThere)
-{
-    RecalculateLayout(grid);
-    LONG_PTR style = GetWindowLongPtrW(grid.Window, GWL_STYLE);
-    SetWindowLongPtrW(grid.Window, GWL_STYLE, style | WS_HSCROLL);
-    RecalculateLayout(grid); // with the range that the bar has
-    EXPECT_FALSE(GetWindowLongPtrW(grid.Window, GWL_STYLE) & WS_HSCROLL);
-}
-
-TEST_F(Layout, BarThatCouldMoveNothingGoes)
-{
-    Resize(2, 5);
-    grid.RowTable[1].Height = 400; // one scrollable row, taller than the window
-    RecalculateLayout(grid);
-    EXPECT_EQ(grid.MaxTopRow, 1);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 0);
-}
-
-TEST_F(Layout, SheetThatFitsStartsAtTheFrozenEnd)
-{
-    grid.TopRow = 12;
-    Resize(6, 5);
-    EXPECT_EQ(grid.MaxTopRow, 1);
-    EXPECT_EQ(grid.TopRow, 1);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 0);
-}
-
-TEST_F(Layout, PositionPastTheLastComesBackWithEvents)
-{
-    grid.TopRow = 30;
-    RecalculateLayout(grid);
-    EXPECT_EQ(grid.TopRow, 22);
-    EXPECT_EQ(Fired(), "BeforeScroll(30,1,22,1) AfterScroll(30,1,22,1)");
-    EXPECT_EQ(Bar(SB_VERT).nPos, 620 - 180 + 1) << "the system keeps the thumb within the page";
-}
-
-TEST_F(Layout, RefusedPositionStaysWithTheNewRange)
-{
-    grid.TopRow = 30;
-    refuse = [](DISPID id) { return id == BeforeScrollId; };
-    grid.RowTable[1].Height = 40;
-    RecalculateLayout(grid);
-    EXPECT_EQ(grid.TopRow, 30);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 640);
-    EXPECT_EQ(Fired(), "BeforeScroll(30,1,22,1)");
-    refuse = nullptr;
-    RecalculateLayout(grid);
-    EXPECT_EQ(grid.TopRow, 22) << "the guard of layouts is off again";
-}
-
-TEST_F(Layout, IsNotMadeWithoutRedrawOrWindowOrInADesigner)
-{
-    grid.RowTable[1].Height = 40;
-    grid.Redraw = lorvRDNone;
-    RecalculateLayout(grid);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 620);
-    grid.Redraw = lorvRDDirect;
-    grid.DesignModeCache = 1;
-    RecalculateLayout(grid);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 620);
-    grid.DesignModeCache = 0;
-    HWND window = std::exchange(grid.Window, nullptr);
-    RecalculateLayout(grid);
-    grid.Window = window;
-    EXPECT_EQ(Bar(SB_VERT).nMax, 620);
-    RecalculateLayout(grid);
-    EXPECT_EQ(Bar(SB_VERT).nMax, 640);
-}
-
-TEST_F(Layout, HandlersOfScrollEventsFindTheLayoutOfEveryGridLeftAlone)
-{
-    Grid other;
-    other.Window =
-        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
-    ResizeBoth(other, 50, 2);
-    other.MaxTopRow = -7;
-    events.On = [&](DISPID, DISPPARAMS&) {
-        RecalculateLayout(grid);
-        RecalculateLayout(other);
-    };
-    grid.TopRow = 30;
-    RecalculateLayout(grid);
-    EXPECT_EQ(other.MaxTopRow, -7);
-    EXPECT_EQ(Fired(), "BeforeScroll(30,1,22,1) AfterScroll(30,1,22,1)");
-    RecalculateLayout(other);
-    EXPECT_GT(other.MaxTopRow, 0);
-    DestroyWindow(std::exchange(other.Window, nullptr));
-}
-
-TEST_F(Layout, RowsThatAHandlerTakesAwayAreNotScrolledTo)
-{
-    events.On = [&](DISPID id, DISPPARAMS&) {
-        if (id == BeforeScrollId)
-            ResizeRows(grid, 3);
-    };
-    grid.TopRow = 30;
-    RecalculateLayout(grid);
-    EXPECT_LE(grid.TopRow, 3);
-}
-
-TEST_F(Layout, WindowMayDieInAHandler)
-{
-    events.On = [&](DISPID, DISPPARAMS&) {
-        if (HWND window = std::exchange(grid.Window, nullptr))
-            DestroyWindow(window);
-    };
-    grid.TopRow = 30;
-    RecalculateLayout(grid);
-    EXPECT_EQ(Fired(), "BeforeScroll(30,1,22,1)");
-}
-
-// Scroll codes
 
 struct CodeCase {
     int Code, From, To;
@@ -477,5 +300,188 @@ TEST_F(Scrolling, LastRowsInView)
     EXPECT_EQ(RightColOf(grid), 4);
     Resize(1, 1);
     EXPECT_EQ(BottomRowOf(grid), 1) << "nothing in view: where the scroll position stands";
+}
+
+TEST_F(Scrolling, NegativePositionKeepsItsLowWord)
+{
+    ScrollVertical(grid, ScrollDirect, static_cast<int>(0xFFFF0007), false);
+    EXPECT_EQ(grid.TopRow, 7);
+    ScrollVertical(grid, ScrollDirect, -1, false);
+    EXPECT_EQ(grid.TopRow, 22) << "a row far down, not one before the first";
+}
+
+TEST_F(Scrolling, LineUpCountsFromTheRowShownAtOrAboveTheFirst)
+{
+    for (int row : {5, 6})
+        HideRow(row);
+    RecalculateLayout(grid);
+    grid.TopRow = 6;
+    ScrollVertical(grid, SB_LINEUP, 0, false);
+    EXPECT_EQ(grid.TopRow, 3) << "row 4 is the one at or above it";
+}
+
+TEST_F(Scrolling, LineUpEndsAtTheFrozenPart)
+{
+    for (int row = 0; row < 5; ++row)
+        HideRow(row);
+    RecalculateLayout(grid);
+    grid.TopRow = 5;
+    ScrollVertical(grid, SB_LINEUP, 0, false);
+    EXPECT_EQ(grid.TopRow, 1) << "though nothing shows there";
+}
+
+TEST_F(Scrolling, LineDownStopsAtTheLastRowButOne)
+{
+    for (int row = 1; row < grid.Rows; ++row)
+        grid.RowTable[row].Height = 400;
+    HideRow(29);
+    RecalculateLayout(grid);
+    EXPECT_EQ(grid.MaxTopRow, 30);
+    grid.TopRow = 28;
+    ScrollVertical(grid, SB_LINEDOWN, 0, false);
+    EXPECT_EQ(grid.TopRow, 29) << "hidden, but the walk ends here";
+    ScrollVertical(grid, SB_LINEDOWN, 0, false);
+    EXPECT_EQ(grid.TopRow, 30);
+}
+
+TEST_F(Scrolling, PagesStopAtTheFrozenPartAndInsideItAtTheFixedOne)
+{
+    grid.FrozenRows = 4;
+    RecalculateLayout(grid);
+    EXPECT_EQ(PrevPageTop(grid, 7), 5) << "frozen rows are no target of a page";
+    EXPECT_EQ(PrevPageTop(grid, 5), 5);
+    EXPECT_EQ(PrevPageTop(grid, 4), 1) << "from within them they are";
+    EXPECT_EQ(PrevPageTop(grid, 1), 1);
+    EXPECT_EQ(NextPageTop(grid, 5), 5 + (Height - 5 * RowHeight) / RowHeight - 1);
+    EXPECT_EQ(NextPageTop(grid, 2), 2 + (Height - RowHeight) / RowHeight - 1);
+}
+
+TEST_F(Scrolling, PageUpPassesARowTallerThanThePage)
+{
+    grid.RowTable[10].Height = 500;
+    EXPECT_EQ(PrevPageTop(grid, 10), 9);
+    EXPECT_EQ(PrevPageTop(grid, 12), 10);
+}
+
+TEST_F(Scrolling, PageLeftStopsAtAWideColumnButMovesALine)
+{
+    Resize(5, 21);
+    grid.ColTable[4].Width = 500;
+    RecalculateLayout(grid);
+    EXPECT_EQ(PrevPageLeft(grid, 4), 4);
+    grid.LeftCol = 4;
+    ScrollHorizontal(grid, SB_PAGELEFT, 0, false);
+    EXPECT_EQ(grid.LeftCol, 3);
+}
+
+TEST_F(Scrolling, FirstColumnThatShowsAnotherIsTheSameFromEitherSide)
+{
+    Resize(5, 21);
+    grid.ColTable[12].Width = 500;
+    RecalculateLayout(grid);
+    grid.LeftCol = 4;
+    for (int col = -1; col < grid.Cols; ++col) {
+        SetOption(grid, OptionRightToLeft, false);
+        int left = LeftForCol(grid, col);
+        SetOption(grid, OptionRightToLeft, true);
+        EXPECT_EQ(LeftForCol(grid, col), left) << col;
+    }
+    EXPECT_EQ(LeftForCol(grid, 2), 2);
+    EXPECT_EQ(LeftForCol(grid, 8), 4) << "it ends at the edge";
+    EXPECT_EQ(LeftForCol(grid, 9), 6);
+    EXPECT_EQ(LeftForCol(grid, 12), 12) << "wider than the window";
+}
+
+TEST_F(Scrolling, CellIsInViewUpToTheEdgeItself)
+{
+    EXPECT_TRUE(IsCellVisible(grid, 10, 4)) << "it begins where the window ends";
+    EXPECT_FALSE(IsCellVisible(grid, 11, 4));
+    HideRow(3);
+    EXPECT_TRUE(IsCellVisible(grid, 3, -1)) << "hidden, between rows in view";
+    grid.TopRow = 5;
+    EXPECT_FALSE(IsCellVisible(grid, 4, -1));
+    EXPECT_TRUE(IsCellVisible(grid, 0, -1));
+    EXPECT_TRUE(IsCellVisible(grid, -1, -1));
+}
+
+TEST_F(Scrolling, FrozenRowsBelowTheEdgeAreNotInView)
+{
+    grid.FrozenRows = 20, grid.TopRow = 21;
+    EXPECT_TRUE(IsCellVisible(grid, 10, -1));
+    EXPECT_FALSE(IsCellVisible(grid, 11, -1));
+    EXPECT_FALSE(IsCellVisible(grid, 21, -1));
+}
+
+TEST_F(Scrolling, ThumbOfAMirroredBarIsReadFromItsOtherEnd)
+{
+    Resize(5, 21);
+    SetOption(grid, OptionRightToLeft, true);
+    RecalculateLayout(grid);
+    for (int position : {100, 149, 150}) {
+        SCROLLINFO info = {sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, 50 - position - 250 + 1050, 0};
+        SetScrollInfo(grid.Window, SB_HORZ, &info, FALSE);
+        ScrollHorizontal(grid, SB_THUMBPOSITION, 0, false);
+        EXPECT_EQ(grid.LeftCol, position / 50) << position;
+    }
+}
+
+TEST_F(Scrolling, FrozenColumnsAreLeftOutAtTheSideWhereTheyStand)
+{
+    Resize(5, 21);
+    grid.FrozenCols = 1;
+    for (bool mirrored : {false, true}) {
+        SetOption(grid, OptionRightToLeft, mirrored);
+        grid.LeftCol = 2;
+        RecalculateLayout(grid);
+        Settle();
+        ScrollHorizontal(grid, ScrollDirect, 3, false);
+        RECT client = ClientRectOf(grid), invalid = Invalid();
+        EXPECT_EQ(invalid.left, mirrored ? 0 : 100);
+        EXPECT_EQ(invalid.right, mirrored ? client.right - 100 : client.right);
+    }
+}
+
+TEST_F(Scrolling, AfterScrollIsForTheAxisThatMoved)
+{
+    events.On = [&](DISPID id, DISPPARAMS&) {
+        if (id == BeforeScrollId)
+            grid.MaxTopRow = grid.TopRow, grid.LeftCol = 2;
+    };
+    ScrollVertical(grid, ScrollDirect, 5, true);
+    EXPECT_EQ(Fired(), "BeforeScroll(1,1,5,1)");
+}
+
+TEST_F(Scrolling, BitsAreMovedOnlyWhereCellsLookAlikeInEveryPlace)
+{
+    auto picture = MakePicture(4, 4, 0);
+    struct {
+        int MergeCells, MergeCellsFixed, Redraw;
+        bool WallPaper;
+        bool Moved;
+    } const cases[] = {{0, 0, lorvRDDirect, false, true},
+                       {0, 0, lorvRDBuffered, false, true},
+                       {lorvMergeFree, 0, lorvRDDirect, false, false},
+                       {0, lorvMergeFree, lorvRDDirect, false, false},
+                       {0, 0, lorvRDNone, false, false},
+                       {0, 0, lorvRDDirect, true, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        grid.TopRow = 1;
+        grid.MergeCells = static_cast<int16_t>(c.MergeCells);
+        grid.MergeCellsFixed = static_cast<int16_t>(c.MergeCellsFixed);
+        grid.Redraw = c.Redraw;
+        grid.WallPaper = c.WallPaper ? picture.Get() : nullptr;
+        Settle();
+        HDC dc = GetDC(grid.Window);
+        RECT old = {100, 60, 110, 80}, fresh = {100, 20, 110, 40};
+        FillRect(dc, &fresh, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        FillRect(dc, &old, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+        ScrollVertical(grid, ScrollDirect, 3, true);
+        EXPECT_EQ(GetPixel(dc, 105, 30) == RGB(0, 0, 0), c.Moved);
+        ReleaseDC(grid.Window, dc);
+        EXPECT_EQ(Invalid().top, RowHeight) << "all is painted anew";
+        EXPECT_EQ(Invalid().bottom, Height - (Height - ClientRectOf(grid).bottom));
+    }
+    grid.WallPaper = nullptr;
 }
 } // namespace

@@ -4,6 +4,7 @@
 #include "core/errors.h"
 #include "support/grid_window.h"
 #include "view/messages.h"
+#include "view/metrics.h"
 
 namespace
 {
@@ -216,6 +217,65 @@ TEST_F(Selection, ExtensionInvalidatesTheBandThatChanged)
     EXPECT_TRUE(EqualRect(&invalid, &band));
 }
 
+TEST_F(Selection, PresentCornerScrollsOnlyWhereOneColumnScrolls)
+{
+    for (int cols : {5, 2}) {
+        Resize(31, cols);
+        grid.Row = grid.RowSel = 3, grid.Col = grid.ColSel = 1;
+        FireSelectionEvents(grid);
+        grid.TopRow = 15;
+        Settle();
+        EXPECT_EQ(ExtendSelection(grid, 3, 1, CursorShow), S_OK);
+        EXPECT_EQ(grid.TopRow, cols == 5 ? 15 : 3) << cols;
+        EXPECT_EQ(Fired(), cols == 5 ? "" : "BeforeScroll(15,1,3,1) AfterScroll(15,1,3,1)");
+    }
+}
+
+TEST_F(Selection, ExtensionOutOfTheFrozenPartRepaintsAll)
+{
+    struct {
+        int SelectionMode, Mode, Row, RowSel;
+        bool All;
+    } const cases[] = {
+        {lorvSelectionFree, CursorSilent, 2, 25, true},     {lorvSelectionFree, CursorReport, 2, 25, false},
+        {lorvSelectionByColumn, CursorSilent, 2, 25, true}, {lorvSelectionByRow, CursorSilent, 2, 25, false},
+        {lorvSelectionListBox, CursorSilent, 2, 25, false}, {lorvSelectionFree, CursorSilent, 2, 8, false},
+        {lorvSelectionFree, CursorSilent, 4, 25, false}};
+    grid.FrozenRows = 2;
+    grid.TopRow = 3;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        grid.SelectionMode = static_cast<int16_t>(c.SelectionMode);
+        grid.Row = c.Row, grid.Col = 2;
+        grid.RowSel = c.RowSel - 1, grid.ColSel = 2;
+        FireSelectionEvents(grid);
+        Settle();
+        ExtendSelection(grid, c.RowSel, 2, c.Mode);
+        RECT client = ClientRectOf(grid), invalid = Invalid();
+        EXPECT_EQ(EqualRect(&invalid, &client) != FALSE, c.All);
+        Reports();
+    }
+}
+
+TEST_F(Selection, HeadersAreRepaintedWhereTheyShowTheSelection)
+{
+    for (bool mirrored : {false, true})
+        for (int lines : {12, 13}) {
+            SetOption(grid, OptionRightToLeft, mirrored);
+            grid.GridLinesFixed = static_cast<int16_t>(lines);
+            MoveCursor(grid, 3, 2, CursorSilent);
+            const auto headersAfter = [&](auto change) {
+                Settle();
+                change();
+                RECT client = ClientRectOf(grid), invalid = Invalid();
+                EXPECT_EQ(invalid.top == 0, lines == 13);
+                EXPECT_EQ(mirrored ? invalid.right == client.right : invalid.left == 0, lines == 13);
+            };
+            headersAfter([&] { MoveCursor(grid, 5, 3, CursorSilent); });
+            headersAfter([&] { ExtendSelection(grid, 6, 4, CursorReport); });
+        }
+}
+
 TEST_F(Selection, HostsMayAskForNoPositionsOutsideTheGrid)
 {
     grid.Flags |= lorvCFV7SelectionEvents;
@@ -241,6 +301,8 @@ TEST(RectDifference, IsTheBandBetweenRectanglesThatShareThreeEdges)
         {{10, 5, 50, 55}, false, {}},
         {{10, 10, 60, 60}, false, {}},
         {{10, 10, 32000, 50}, false, {}},
+        {{10, 10, 31999, 50}, true, {50, 10, 31999, 50}},
+        {{10, 10, 50, 50}, true, {50, 10, 50, 50}},
     };
     for (const auto& c : cases) {
         RECT band = {};
@@ -274,6 +336,65 @@ TEST_F(Selection, RectangleIsMirroredWithTheColumns)
     const RECT expected = {client.right - 200, 60, client.right - 100, 120};
     RECT area = SelectionPixelRect(grid, true);
     EXPECT_TRUE(EqualRect(&area, &expected));
+}
+
+TEST_F(Selection, RectangleCoversWhatTheModeSelects)
+{
+    grid.RowSel = 5, grid.ColSel = 3;
+    struct {
+        int Mode;
+        RECT Area;
+    } const cases[] = {{lorvSelectionByRow, {50, 60, 250, 120}},
+                       {lorvSelectionListBox, {50, 60, 250, 120}},
+                       {lorvSelectionByColumn, {100, 20, 200, 620}}};
+    for (const auto& c : cases) {
+        grid.SelectionMode = static_cast<int16_t>(c.Mode);
+        RECT area = SelectionPixelRect(grid, false);
+        EXPECT_TRUE(EqualRect(&area, &c.Area)) << c.Mode;
+    }
+}
+
+TEST_F(Selection, RectangleEndsAtTheCeilingOfCoordinates)
+{
+    grid.RowTable[4].Height = grid.ColTable[3].Width = MaxPixels;
+    grid.RowSel = 5, grid.ColSel = 4;
+    RECT area = SelectionPixelRect(grid, true);
+    EXPECT_EQ(area.right, MaxPixels);
+    EXPECT_EQ(area.bottom, MaxPixels);
+}
+
+TEST_F(Selection, MergesThatReachOutOfItRepaintTheScrollablePart)
+{
+    struct {
+        int Row, Col, Links; // in a selection of rows 3 to 5 and columns 2 and 3
+        bool Merges, Reach;
+    } const cases[] = {
+        {3, 3, LinkAbove, true, true},  {5, 2, LinkBelow, true, true},  {4, 2, LinkLeft, true, true},
+        {4, 3, LinkRight, true, true},  {3, 2, LinkBelow, true, false}, {4, 2, LinkAbove, true, false},
+        {4, 2, LinkRight, true, false}, {5, 3, LinkLeft, true, false},  {3, 3, LinkAbove, false, false},
+    };
+    for (int row : {3, 4, 5})
+        for (int col : {2, 3})
+            SetCellText(grid, row, col, L"x");
+    for (bool mirrored : {false, true})
+        for (const auto& c : cases) {
+            SCOPED_TRACE(&c - cases);
+            SetOption(grid, OptionRightToLeft, mirrored);
+            grid.MergeCells = c.Merges ? lorvMergeFree : lorvMergeNever;
+            grid.RowTable[c.Row].Cells[c.Col].State |= static_cast<uint8_t>(c.Links);
+            SetOption(grid, OptionMergeStale, false);
+            Settle();
+            grid.RowSel = 3, grid.ColSel = 2;
+            SelectionPixelRect(grid, true);
+            EXPECT_EQ(Invalid().right, 0) << "of a single cell nothing is repainted";
+            grid.RowSel = 5, grid.ColSel = 3;
+            SelectionPixelRect(grid, true);
+            LONG right = ClientRectOf(grid).right;
+            RECT invalid = Invalid(), area = {mirrored ? 0 : 50, 20, mirrored ? right - 50 : right, 200};
+            RECT none = {};
+            EXPECT_TRUE(EqualRect(&invalid, c.Reach ? &area : &none));
+            grid.RowTable[c.Row].Cells[c.Col].State = 0;
+        }
 }
 
 // Rows of a list box
@@ -333,6 +454,48 @@ TEST_F(ListBox, RunningDragAnswersForItsRows)
     EXPECT_FALSE(IsRowSelected(grid, 4)) << "the drag takes it away";
     grid.SelectionMode = lorvSelectionFree;
     EXPECT_TRUE(IsRowSelected(grid, 4));
+}
+
+TEST_F(ListBox, RowBeingEditedIsSelectedAndNoDragCounts)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    grid.RowTable[9].Flags |= RowFlagSelected;
+    grid.RowSel = 5;
+    grid.PaintMode |= PaintMouseHeld | PaintListDragAdds;
+    grid.ActiveEditor = EditorText;
+    EXPECT_TRUE(IsRowSelected(grid, 3)) << "the current row";
+    EXPECT_FALSE(IsRowSelected(grid, 4)) << "by its flag alone";
+    EXPECT_TRUE(IsRowSelected(grid, 9));
+    grid.SelectionMode = lorvSelectionFree;
+    EXPECT_TRUE(IsRowSelected(grid, 4)) << "elsewhere an edit changes nothing";
+    grid.ActiveEditor = 0;
+}
+
+TEST_F(ListBox, ColumnSetterSelectsTheCurrentRowAlone)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    SetRowSelected(grid, 9, true);
+    EXPECT_EQ(SetCurrentCol(grid, 3), S_OK);
+    EXPECT_TRUE(IsFlagged(3));
+    EXPECT_FALSE(IsFlagged(9));
+}
+
+TEST_F(ListBox, NoCurrentRowSelectsNothing)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    SetRowSelected(grid, 9, true);
+    EXPECT_EQ(SetCurrentRow(grid, -1), S_OK);
+    for (int row = 0; row < grid.Rows; ++row)
+        EXPECT_FALSE(IsFlagged(row)) << row;
+}
+
+TEST_F(ListBox, ExtensionIsReportedByTheMessageLoopToo)
+{
+    grid.SelectionMode = lorvSelectionListBox;
+    ExtendSelection(grid, 5, 2, CursorReport);
+    ExtendSelection(grid, 6, 2, CursorReport);
+    EXPECT_EQ(Fired(), "BeforeSelChange(3,2,5,2) BeforeSelChange(5,2,6,2)");
+    EXPECT_EQ(Reports(), 1);
 }
 
 TEST_F(ListBox, DragThatLosesTheFocusTakesEffect)
