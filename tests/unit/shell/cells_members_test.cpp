@@ -366,6 +366,32 @@ TEST(CellMember, ReadsNumbersFromTexts)
     EXPECT_EQ(ReadAs(grid, lorvcpVariantValue, 1, 1), L"BSTR word");
 }
 
+// A format changes what is shown; the value stays that of the text.
+TEST(CellMember, TellsTheTextItsValueAndWhatIsShownApart)
+{
+    MemberGrid grid;
+    grid.put_ColFormat(1, Bstr(L"000").Get());
+    grid.put_ColFormat(2, Bstr(L"0%").Get());
+    grid.put_ColFormat(3, Bstr(L"Yes;No").Get());
+    grid.ColTable[3].ColDataType = lorvDTBoolean;
+    struct Case {
+        int Col;
+        const wchar_t *Text, *Value, *Shown, *VariantValue;
+    };
+    const Case cases[] = {
+        {1, L"7", L"R8 700", L"BSTR 007", L"R8 700"},  {1, L"word", L"R8 0", L"BSTR word", L"BSTR word"},
+        {2, L"3", L"R8 300", L"BSTR 300%", L"R8 300"}, {3, L"-1", L"R8 -100", L"BSTR Yes", L"BSTR Yes"},
+        {3, L"0", L"R8 0", L"BSTR No", L"BSTR No"},
+    };
+    for (const Case& each : cases) {
+        SetCellText(grid, 1, each.Col, each.Text);
+        EXPECT_EQ(ReadAs(grid, lorvcpText, 1, each.Col), std::wstring(L"BSTR ") + each.Text);
+        EXPECT_EQ(ReadAs(grid, lorvcpValue, 1, each.Col), each.Value);
+        EXPECT_EQ(ReadAs(grid, lorvcpTextDisplay, 1, each.Col), each.Shown);
+        EXPECT_EQ(ReadAs(grid, lorvcpVariantValue, 1, each.Col), each.VariantValue);
+    }
+}
+
 TEST(CellMember, ReadsPositionAndSizeInTwips)
 {
     MemberGrid grid;
@@ -485,6 +511,59 @@ TEST(CellMember, TakesAndGivesFontObjects)
             ASSERT_EQ(Write(grid, lorvcpFont, 2, 2, none), S_OK);
             EXPECT_EQ(CellFormatOf(grid, 2, 2)->Font, nullptr);
         }
+    }
+}
+
+TEST(CellMember, GivesAFontObjectOfTheCellsOwn)
+{
+    struct Trait {
+        CellPropertySettings Setting;
+        HRESULT (STDMETHODCALLTYPE IFont::*Read)(BOOL*);
+    };
+    const Trait traits[] = {{lorvcpFontBold, &IFont::get_Bold},
+                            {lorvcpFontItalic, &IFont::get_Italic},
+                            {lorvcpFontUnderline, &IFont::get_Underline},
+                            {lorvcpFontStrikethru, &IFont::get_Strikethrough}};
+    for (const Trait& set : traits) {
+        MemberGrid grid;
+        Write(grid, lorvcpFontSize, 1, 1, 18);
+        Write(grid, set.Setting, 1, 1, true);
+        OwnedVariant first, second;
+        ASSERT_EQ(Read(grid, lorvcpFont, 1, 1, first), S_OK);
+        ASSERT_EQ(Read(grid, lorvcpFont, 1, 1, second), S_OK);
+        EXPECT_NE(first.Get().pdispVal, second.Get().pdispVal) << "a new object each time";
+        auto font = QueryFor<IFont>(first.Get().pdispVal, IID_IFont);
+        ASSERT_TRUE(font);
+        for (const Trait& read : traits) {
+            BOOL on = FALSE;
+            EXPECT_EQ((font.Get()->*read.Read)(&on), S_OK);
+            EXPECT_EQ(on != FALSE, read.Setting == set.Setting) << set.Setting << " read as " << read.Setting;
+        }
+        CY size = {};
+        EXPECT_EQ(font->get_Size(&size), S_OK);
+        EXPECT_EQ(size.int64, 180000);
+    }
+}
+
+TEST(CellMember, IsBoldFromAWeightOf700)
+{
+    struct Case {
+        LONG Weight;
+        const wchar_t* Expected;
+    };
+    const Case cases[] = {{400, L"BOOL false"},
+                          {600, L"BOOL false"},
+                          {699, L"BOOL false"},
+                          {700, L"BOOL true"},
+                          {900, L"BOOL true"}};
+    for (const Case& each : cases) {
+        MemberGrid grid;
+        LOGFONTW description = {};
+        description.lfHeight = -16;
+        description.lfWeight = each.Weight;
+        const LOGFONTW* font = &description;
+        ASSERT_EQ(SetCellProperty(grid, 1, 1, CellSelector::Font, font), S_OK);
+        EXPECT_EQ(ReadAs(grid, lorvcpFontBold, 1, 1), each.Expected) << each.Weight;
     }
 }
 

@@ -167,6 +167,20 @@ INSTANTIATE_TEST_SUITE_P(Members, MemberRepaintsOf, testing::ValuesIn(cases),
                              return name;
                          });
 
+// The rows that end the sheet are others once the new row has gone to its place.
+TEST_F(MemberRepaints, ALayoutFollowsTheRowsThatMoved)
+{
+    grid.RowTable[30].Height = 120;
+    ASSERT_EQ(grid.AddItem(nullptr, Value(1)), S_OK);
+    int most = grid.MaxTopRow;
+    RecalculateLayout(grid);
+    EXPECT_EQ(grid.MaxTopRow, most);
+    ASSERT_EQ(grid.RemoveItem(Value(31)), S_OK);
+    most = grid.MaxTopRow;
+    RecalculateLayout(grid);
+    EXPECT_EQ(grid.MaxTopRow, most);
+}
+
 TEST_F(MemberRepaints, ACellIsNotPaintedWhileRedrawIsOff)
 {
     grid.Redraw = lorvRDNone;
