@@ -185,3 +185,14 @@ TEST_F(GridKeys, TheGridsFocusEndsAnEditOnlyOnItsWayOut)
     SendMessageW(grid.Window, WM_KILLFOCUS, reinterpret_cast<WPARAM>(other_), 0);
     EXPECT_FALSE(live.IsOpen());
 }
+
+TEST_F(GridKeys, TheOpenEditorGetsTheFocusThatTheGridGets)
+{
+    live.Open();
+    SetFocus(grid.Window);
+    EXPECT_TRUE(live.IsOpen());
+    EXPECT_EQ(GetFocus(), live.Box());
+    CommitEdit(grid, true);
+    SetFocus(grid.Window);
+    EXPECT_EQ(GetFocus(), grid.Window);
+}

@@ -4,6 +4,7 @@
 #include "core/events.h"
 #include "support/mouse_grid.h"
 #include "view/gap_mark.h"
+#include "view/metrics.h"
 
 namespace
 {
@@ -276,6 +277,20 @@ TEST_F(MovingColumns, ScrollsAtTheEndsOfTheSheet)
     EXPECT_EQ(Told(),
               "BeforeMouseDown(1,0,120,10) BeforeScroll(1,1,1,2) AfterScroll(1,1,1,2) "
               "BeforeMoveColumn(1,3) BeforeScroll(1,2,1,1) AfterScroll(1,2,1,1) AfterMoveColumn(1,3)");
+}
+
+TEST_F(MovingColumns, MirroredSheetsScrollOnAtTheLeft)
+{
+    SetOption(grid, OptionRightToLeft, true);
+    for (int col = 1; col < 5; ++col)
+        grid.ColTable[col].Width = 150;
+    RecalculateLayout(grid);
+    Settle();
+    int right = ClientRectOf(grid).right;
+    Gesture(right - 120, 10, {MoveTo(-20, 10), Escape()});
+    EXPECT_EQ(grid.LeftCol, 2);
+    Gesture(right - 120, 10, {MoveTo(right - 20, 10), Escape()});
+    EXPECT_EQ(grid.LeftCol, 1);
 }
 
 TEST_F(MovingColumns, MirroredGapsCountFromTheRight)
