@@ -11,6 +11,7 @@
 namespace
 {
 constexpr COLORREF TransparentColour = RGB(255, 255, 255);
+constexpr LONG TileBlock = 256;        // pixels
 constexpr int ColoursOfPalettes = 257; // a raster display with fewer reports how many it has
 
 // A memory context with a bitmap of its own.
@@ -81,6 +82,27 @@ void ReadTarget(HDC to, SIZE size, HDC dc, int x, int y) noexcept
     RECT area = {0, 0, size.cx, size.cy};
     Brush brush(CreateSolidBrush(GetBkColor(dc)));
     FillRect(to, &area, brush.Get());
+}
+
+// The classic way by a mask: what is white in the source stays as it is in the target.
+void BlitWithoutWhite(HDC dc, HDC source, int x, int y, SIZE size) noexcept
+{
+    if (size.cx < 1 || size.cy < 1)
+        return;
+    ScreenDC screen;
+    MemoryPicture mask(screen.Get(), size, true), inverse(screen.Get(), size, true);
+    MemoryPicture image(screen.Get(), size), result(screen.Get(), size);
+    if (!mask || !inverse || !image || !result)
+        return;
+    SetBkColor(source, TransparentColour);
+    Copy(mask.Get(), 0, 0, size, source, 0, 0, SRCCOPY);
+    Copy(inverse.Get(), 0, 0, size, mask.Get(), 0, 0, NOTSRCCOPY);
+    ReadTarget(result.Get(), size, dc, x, y);
+    Copy(result.Get(), 0, 0, size, mask.Get(), 0, 0, SRCAND);
+    Copy(image.Get(), 0, 0, size, source, 0, 0, SRCCOPY);
+    Copy(image.Get(), 0, 0, size, inverse.Get(), 0, 0, SRCAND);
+    Copy(result.Get(), 0, 0, size, image.Get(), 0, 0, SRCPAINT);
+    Copy(dc, x, y, size, result.Get(), 0, 0, SRCCOPY);
 }
 
 HBITMAP BitmapOf(IPicture* picture) noexcept
@@ -164,7 +186,7 @@ SIZE CutSize(SIZE size, const RECT& area) noexcept
     return {size.cx > width ? width + 1 : size.cx, size.cy > height ? height + 1 : size.cy};
 }
 
-bool DrawTiles(Grid& grid, HDC dc, IPicture* picture, SIZE size, const RECT& area) noexcept
+bool PrintTiles(Grid& grid, HDC dc, IPicture* picture, SIZE size, const RECT& area) noexcept
 {
     for (LONG x = area.left; x < area.right; x += size.cx)
         for (LONG y = area.top; y < area.bottom; y += size.cy) {
@@ -173,6 +195,56 @@ bool DrawTiles(Grid& grid, HDC dc, IPicture* picture, SIZE size, const RECT& are
             if (!IntersectRect(&cut, &tile, &area) || !DrawOnce(grid, dc, picture, cut))
                 return false;
         }
+    return true;
+}
+
+// How much of `length` is laid out at once in steps of `tile`.
+LONG BlockLength(LONG tile, LONG length) noexcept
+{
+    return std::min(tile * std::max(1L, TileBlock / tile), length);
+}
+
+// Fills a context with copies of a tile, each time as many as there are already.
+void RepeatTile(HDC tiles, HBITMAP bitmap, SIZE tile, SIZE block) noexcept
+{
+    RECT whole = {0, 0, block.cx, block.cy};
+    FillRect(tiles, &whole, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    SIZE natural = NaturalSize(bitmap);
+    TransparentBlit(tiles, bitmap, 0, 0, {std::min(tile.cx, natural.cx), std::min(tile.cy, natural.cy)});
+    for (LONG x = tile.cx; x < block.cx; x *= 2)
+        Copy(tiles, x, 0, {std::min(x, block.cx - x), tile.cy}, tiles, 0, 0, SRCCOPY);
+    for (LONG y = tile.cy; y < block.cy; y *= 2)
+        Copy(tiles, 0, y, {block.cx, std::min(y, block.cy - y)}, tiles, 0, 0, SRCCOPY);
+}
+
+// The part of an area that shows in a context; all of it where the context cannot say.
+RECT ShownPart(HDC dc, const RECT& area) noexcept
+{
+    RECT clip, shown = {};
+    if (GetClipBox(dc, &clip) == ERROR)
+        return area;
+    IntersectRect(&shown, &clip, &area);
+    return shown;
+}
+
+// Tiles go to the screen by the block, and only where they show: one by one, those of a picture of a pixel
+// or two would take minutes.
+bool DrawTiles(HDC dc, IPicture* picture, SIZE size, const RECT& area) noexcept
+{
+    HBITMAP bitmap = BitmapOf(picture);
+    SIZE block = {BlockLength(size.cx, area.right - area.left), BlockLength(size.cy, area.bottom - area.top)};
+    ScreenDC screen;
+    MemoryPicture tiles(screen.Get(), block);
+    if (!bitmap || !tiles)
+        return false;
+    RepeatTile(tiles.Get(), bitmap, size, block);
+    const RECT shown = ShownPart(dc, area);
+    const LONG left = shown.left - (shown.left - area.left) % block.cx;
+    const LONG top = shown.top - (shown.top - area.top) % block.cy;
+    for (LONG x = left; x < shown.right; x += block.cx)
+        for (LONG y = top; y < shown.bottom; y += block.cy)
+            BlitWithoutWhite(dc, tiles.Get(), x, y,
+                             {std::min(block.cx, area.right - x), std::min(block.cy, area.bottom - y)});
     return true;
 }
 
@@ -213,7 +285,8 @@ bool DrawPicture(Grid& grid, HDC dc, IPictureDisp* picture, int alignment, const
     if (size.cx < 1 || size.cy < 1)
         return false;
     if (alignment == lorvPicAlignTile)
-        return DrawTiles(grid, dc, known.Get(), size, rectangle);
+        return grid.PaintMode & PaintPrinting ? PrintTiles(grid, dc, known.Get(), size, rectangle)
+                                              : DrawTiles(dc, known.Get(), size, rectangle);
     if (alignment < 0 || alignment >= lorvPicAlignStretch)
         return DrawOnce(grid, dc, known.Get(), rectangle);
     size = CutSize(size, rectangle);
@@ -222,23 +295,9 @@ bool DrawPicture(Grid& grid, HDC dc, IPictureDisp* picture, int alignment, const
 
 void TransparentBlit(HDC dc, HBITMAP bitmap, int x, int y, SIZE size) noexcept
 {
-    if (size.cx < 1 || size.cy < 1)
-        return;
     ScreenDC screen;
-    BorrowedPicture source(screen.Get(), bitmap);
-    MemoryPicture mask(screen.Get(), size, true), inverse(screen.Get(), size, true);
-    MemoryPicture image(screen.Get(), size), result(screen.Get(), size);
-    if (!source || !mask || !inverse || !image || !result)
-        return;
-    SetBkColor(source.Get(), TransparentColour);
-    Copy(mask.Get(), 0, 0, size, source.Get(), 0, 0, SRCCOPY);
-    Copy(inverse.Get(), 0, 0, size, mask.Get(), 0, 0, NOTSRCCOPY);
-    ReadTarget(result.Get(), size, dc, x, y);
-    Copy(result.Get(), 0, 0, size, mask.Get(), 0, 0, SRCAND);
-    Copy(image.Get(), 0, 0, size, source.Get(), 0, 0, SRCCOPY);
-    Copy(image.Get(), 0, 0, size, inverse.Get(), 0, 0, SRCAND);
-    Copy(result.Get(), 0, 0, size, image.Get(), 0, 0, SRCPAINT);
-    Copy(dc, x, y, size, result.Get(), 0, 0, SRCCOPY);
+    if (BorrowedPicture source(screen.Get(), bitmap); source)
+        BlitWithoutWhite(dc, source.Get(), x, y, size);
 }
 
 void StretchBits(HDC target, const RECT& to, HDC source, SIZE size) noexcept

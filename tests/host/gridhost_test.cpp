@@ -285,3 +285,16 @@ TEST_F(GridHost, HandlersMayTakeTheGridDown)
     }
     EXPECT_EQ(34, count);
 }
+
+TEST_F(GridHost, HandlersMayDoAnythingInsideAPaint)
+{
+    for (const wchar_t* action : {L"close", L"pump", L"refresh", L"change"})
+        for (int ownerDraw = 0; ownerDraw <= 3; ++ownerDraw) {
+            const std::wstring options = std::wstring(L"--check-leaks -- ") + action + L" " +
+                                         std::to_wstring(ownerDraw) + L" " +
+                                         std::to_wstring(1 + ownerDraw % 2);
+            const Outcome outcome = RunScript(L"hostile_paint.vbs", options.c_str());
+            EXPECT_EQ(0u, outcome.exitCode)
+                << std::string(options.begin(), options.end()) << ": " << outcome.output;
+        }
+}

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 constexpr COLORREF Untouched = RGB(255, 0, 255);
@@ -47,6 +48,12 @@ public:
         GdiFlush();
         DWORD pixel = bits_[y * width_ + x];
         return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+    }
+    bool SameAs(const Canvas& other) const
+    {
+        GdiFlush();
+        return width_ == other.width_ && height_ == other.height_ &&
+               std::equal(bits_, bits_ + width_ * height_, other.bits_);
     }
     void Fill(COLORREF colour) { Fill(Area(), colour); }
     void Fill(RECT area, COLORREF colour)

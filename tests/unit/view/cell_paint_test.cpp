@@ -3,7 +3,7 @@
 #include "core/check_state.h"
 #include "platform/dpi.h"
 #include "platform/memory.h"
-#include "support/pixels.h"
+#include "support/cells.h"
 #include "view/cell_background.h"
 #include "view/cell_button.h"
 #include "view/cell_text.h"
@@ -13,40 +13,14 @@
 
 #include <commctrl.h>
 
+#include <map>
 #include <ostream>
+#include <set>
+#include <vector>
 
 namespace
 {
 constexpr DISPID DrawCellId = 32, BeforeEditId = 21;
-
-class Cells : public PaintTest
-{
-protected:
-    Cells()
-    {
-        // High and wide enough for text in one cell without touching the next.
-        grid.RowTable[1].Height = grid.RowTable[2].Height = 40;
-        grid.ColTable[1].Width = grid.ColTable[2].Width = 90;
-        grid.GridLines = lorvGridNone;
-    }
-    RECT Area(int row, int col) { return CellRect(grid, row, col); }
-    // Where the ink of the text in a cell is.
-    RECT InkIn(int row, int col, COLORREF ink = Ink) { return canvas.Extent(Area(row, col), ink); }
-    void SetBack(int row, int col, COLORREF colour)
-    {
-        Format(row, col).BackColor = colour, Format(row, col).BackColorSet = 1;
-    }
-    void SetCheck(int row, int col, int state)
-    {
-        EnsureRowCells(grid, row);
-        grid.RowTable[row].Cells[col].State = static_cast<uint8_t>(state << CheckStateShift);
-    }
-    void Focus(int row, int col)
-    {
-        Select(row, col, row, col);
-        grid.PaintMode |= PaintHasFocus;
-    }
-};
 
 // --- colours
 
@@ -455,6 +429,7 @@ TEST_F(Cells, GiveTheirTextTheRoomBesideBoxAndPicture)
         {Unset, false, true, true, false, 0, 0},
         {Unset, true, true, false, false, box, 0},
         {lorvPicAlignCenterCenter, true, true, false, true, 0, 12},
+        {lorvPicAlignRightTop, true, true, false, false, 0, box},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(&c - cases);
@@ -468,6 +443,12 @@ TEST_F(Cells, GiveTheirTextTheRoomBesideBoxAndPicture)
         EXPECT_EQ(area.left, c.Left);
         EXPECT_EQ(area.right, 100 - c.Right);
     }
+    wchar_t format[] = L"yes;no";
+    grid.ColTable[1].ColFormat = format;
+    RECT area = {0, 0, 100, 20};
+    TextAreaAdjust(grid, 1, 1, nullptr, area, false);
+    EXPECT_EQ(area.left, 0) << "a column with a format has no boxes";
+    grid.ColTable[1].ColFormat = nullptr;
 }
 
 TEST_F(Cells, OfTheOutlineColumnKeepRoomForTheTree)
@@ -524,6 +505,57 @@ TEST_F(Cells, PlaceTheirCheckBox)
     grid.ColTable[1].ColDataType = lorvDTBoolean;
     EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).left, 150 - half - 1);
     EXPECT_EQ(CheckBoxRect(grid, 0, 1, &cell).left, 111) << "a fixed row has no values";
+}
+
+TEST_F(Cells, PlaceTheirCheckBoxBesideTheTreeAndWithinLowCells)
+{
+    const int box = DpiScale(10), half = box / 2, tree = DpiScale(13) - 4;
+    const RECT cell = {100, 50, 200, 90}, low = {100, 50, 200, 70};
+    for (int alignment : {lorvPicAlignStretch, lorvPicAlignTile}) {
+        Format(1, 1).PictureAlignment = static_cast<uint8_t>(alignment);
+        EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).left, 150 - half - 1);
+        EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).top, 70 - half - 1);
+    }
+    for (int alignment : {lorvPicAlignLeftTop, lorvPicAlignLeftBottom}) {
+        Format(1, 1).PictureAlignment = static_cast<uint8_t>(alignment);
+        EXPECT_EQ(CheckBoxRect(grid, 1, 1, &low).top, 60 - half - 1) << "too low for a margin";
+    }
+    Format(1, 1).PictureAlignment = Unset;
+    grid.OutlineCol = 1;
+    grid.OutlineBar = lorvOutlineBarSimple;
+    grid.OutlineLevelCount = 1;
+    grid.OutlineLevels[0] = grid.RowTable[1].OutlineLevel = 1;
+    EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).left, 104 + tree);
+    SetOption(grid, OptionRightToLeft, true);
+    EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).left, 104);
+    Format(1, 1).PictureAlignment = lorvPicAlignRightCenter;
+    EXPECT_EQ(CheckBoxRect(grid, 1, 1, &cell).right, 196 - tree);
+    grid.ColTable[1].ColDataType = lorvDTBoolean;
+    Format(1, 1).PictureAlignment = Unset;
+    Format(1, 0).PictureAlignment = Unset;
+    grid.ColTable[0].ColDataType = lorvDTBoolean;
+    EXPECT_EQ(CheckBoxRect(grid, 1, 0, &cell).left, 104) << "a fixed column's box is not centred";
+}
+
+TEST_F(Cells, HaveFivePicturesForSevenStates)
+{
+    if (IsThemed(grid))
+        GTEST_SKIP() << "drawn by the theme";
+    const RECT box = CheckBoxRect(grid, 2, 1, nullptr);
+    std::map<int, std::vector<COLORREF>> pictures;
+    for (int state = lorvChecked; state <= lorvDisabledUnchecked; ++state) {
+        SetCheck(2, 1, state);
+        Paint();
+        for (int y = box.top; y < box.bottom; ++y)
+            for (int x = box.left; x < box.right; ++x)
+                pictures[state].push_back(canvas.At(x, y));
+    }
+    EXPECT_EQ(pictures[lorvTSChecked], pictures[lorvChecked]);
+    EXPECT_EQ(pictures[lorvTSUnchecked], pictures[lorvUnchecked]);
+    std::set<std::vector<COLORREF>> different;
+    for (const auto& [state, picture] : pictures)
+        different.insert(picture);
+    EXPECT_EQ(different.size(), 5u);
 }
 
 TEST_F(Cells, DrawACheckBoxForEveryState)
@@ -824,211 +856,6 @@ TEST_F(Cells, FocusMarkGoesAroundTheTextInTheOutlineColumn)
     EXPECT_EQ(mark.right, cell.right);
 }
 
-// --- sort marks
-
-class SortMarks : public Cells
-{
-protected:
-    SortMarks()
-    {
-        grid.GridLinesFixed = lorvGridNone;
-        grid.RowTable[0].Height = 30;
-        grid.SortIndicatorCol = 1;
-        grid.ExplorerBar = lorvExSortShow;
-        grid.ColTable[1].ColSort = 1;
-    }
-    // Where the header cell differs from its colour.
-    RECT MarkAt()
-    {
-        Paint();
-        return canvas.Extent(Area(0, 1), GetSysColor(COLOR_3DDKSHADOW));
-    }
-    bool Shows()
-    {
-        RECT mark = MarkAt();
-        return !IsRectEmpty(&mark);
-    }
-};
-
-TEST_F(SortMarks, NeedTheBarTheColumnAndAnOrder)
-{
-    EXPECT_TRUE(Shows());
-    grid.ExplorerBar = lorvExSortShowAndMove;
-    EXPECT_TRUE(Shows());
-    grid.ExplorerBar = lorvExSortAndMove;
-    EXPECT_FALSE(Shows());
-    grid.ExplorerBar = lorvExSortShow;
-    for (int sort : {0, 9}) {
-        grid.ColTable[1].ColSort = static_cast<int16_t>(sort);
-        EXPECT_FALSE(Shows()) << sort;
-    }
-    grid.ColTable[1].ColSort = 8;
-    EXPECT_TRUE(Shows());
-    grid.SortIndicatorCol = 2;
-    EXPECT_FALSE(Shows());
-    grid.SortIndicatorCol = 1;
-    grid.ColTable[1].Width = 15;
-    EXPECT_FALSE(Shows()) << "16 pixels are needed";
-}
-
-TEST_F(SortMarks, PointUpForOddOrdersAndDownForEvenOnes)
-{
-    for (int sort = 1; sort <= 8; ++sort) {
-        grid.ColTable[1].ColSort = static_cast<int16_t>(sort);
-        RECT mark = MarkAt();
-        RECT top = {mark.left, mark.top, mark.right, mark.top + 1};
-        RECT bottom = {mark.left, mark.bottom - 1, mark.right, mark.bottom};
-        COLORREF ink = GetSysColor(COLOR_3DDKSHADOW);
-        EXPECT_EQ(canvas.Count(bottom, ink) > canvas.Count(top, ink), sort % 2 == 1) << sort;
-    }
-}
-
-TEST_F(SortMarks, StandBesideTheText)
-{
-    SetText(0, 1, L"HH");
-    RECT cell = Area(0, 1);
-    grid.ColTable[1].Alignment = lorvAlignLeftCenter;
-    RECT mark = MarkAt(), ink = canvas.Extent(cell, InkFixed);
-    EXPECT_GT(mark.left, ink.right);
-    EXPECT_LT(mark.left, ink.right + 16);
-    grid.ColTable[1].Alignment = lorvAlignRightCenter;
-    mark = MarkAt(), ink = canvas.Extent(cell, InkFixed);
-    EXPECT_LT(mark.right, ink.left);
-    grid.ColTable[1].Alignment = lorvAlignCenterCenter;
-    mark = MarkAt();
-    EXPECT_GE(mark.left, cell.right - 4 - 16);
-}
-
-TEST_F(SortMarks, CanBePictures)
-{
-    auto picture = MakePicture(6, 6, RGB(0, 90, 250));
-    ReplaceReference<IPictureDisp>(grid.SortAscendingPicture, picture.Get());
-    EXPECT_FALSE(Shows());
-    EXPECT_EQ(canvas.Count(Area(0, 1), RGB(0, 90, 250)), 35);
-    grid.ColTable[1].ColSort = 2;
-    EXPECT_TRUE(Shows()) << "the descending mark has no picture";
-}
-
-// --- buttons
-
-class Buttons : public Cells
-{
-protected:
-    Buttons()
-    {
-        grid.Editable = 1;
-        grid.ComboList = DuplicateText(L"a|b");
-        Focus(2, 2);
-        grid.FocusRect = lorvFocusNone;
-    }
-    PaintedCell CellOf(int row, int col) { return {row, col, {row, col, row, col}, Area(row, col)}; }
-    ButtonSource Find(int row, int col, bool focus)
-    {
-        return FindButton(grid, CellOf(row, col), focus, focus);
-    }
-};
-
-TEST_F(Buttons, ShowByTheSettingFocusAndEditor)
-{
-    struct {
-        int Setting;
-        bool Current;
-        int Editor;
-        bool Shown;
-    } const cases[] = {
-        {lorvSBAlways, false, 0, true},     {lorvSBFocus, false, 0, false},
-        {lorvSBFocus, true, 0, true},       {lorvSBEditing, true, 0, false},
-        {lorvSBEditing, true, 666, true},   {lorvSBEditing, true, 667, false},
-        {lorvSBEditing, false, 666, false},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        grid.ShowComboButton = c.Setting;
-        grid.ActiveEditor = c.Editor;
-        EXPECT_EQ(Find(2, 2, c.Current) != ButtonSource::None, c.Shown);
-        EXPECT_EQ(Find(0, 2, c.Current), ButtonSource::None) << "fixed cells have none";
-    }
-    grid.ActiveEditor = 0;
-    grid.ShowComboButton = lorvSBAlways;
-    grid.Editable = 0;
-    EXPECT_EQ(Find(2, 2, true), ButtonSource::None);
-}
-
-TEST_F(Buttons, AreAskedForWithRedrawOff)
-{
-    int seen = -1;
-    events.On = [&](DISPID id, DISPPARAMS&) {
-        if (id == BeforeEditId)
-            seen = grid.Redraw;
-    };
-    EXPECT_EQ(Find(2, 2, true), ButtonSource::WholeGrid);
-    EXPECT_EQ(seen, lorvRDNone);
-    EXPECT_EQ(grid.Redraw, lorvRDDirect);
-    events.On = [](DISPID, DISPPARAMS& parameters) {
-        *EventSink::Argument(parameters, 2).pboolVal = VARIANT_TRUE;
-    };
-    EXPECT_EQ(Find(2, 2, true), ButtonSource::None) << "a refused edit has no button";
-    events.Events.clear();
-    grid.ShowComboButton = lorvSBAlways;
-    EXPECT_EQ(Find(2, 2, true), ButtonSource::WholeGrid);
-    EXPECT_EQ(events.Count(BeforeEditId), 0) << "buttons that always show ask nobody";
-}
-
-TEST_F(Buttons, UseTheColumnsListFirst)
-{
-    grid.ColTable[2].ColComboList = DuplicateText(L"...");
-    EXPECT_EQ(Find(2, 2, true), ButtonSource::Column);
-    EXPECT_STREQ(ButtonTextOf(grid, 2, ButtonSource::Column), L"...");
-    EXPECT_STREQ(ButtonTextOf(grid, 2, ButtonSource::WholeGrid), L"a|b");
-    EXPECT_STREQ(ButtonTextOf(grid, 2, ButtonSource::None), L"");
-    EXPECT_STREQ(ButtonTextOf(grid, 99, ButtonSource::Column), L"");
-}
-
-TEST_F(Buttons, WithDotsAreThoseOfTwoTexts)
-{
-    EXPECT_TRUE(IsEllipsisButton(L"..."));
-    EXPECT_TRUE(IsEllipsisButton(L"|..."));
-    EXPECT_FALSE(IsEllipsisButton(L"...."));
-    EXPECT_FALSE(IsEllipsisButton(L"a|b"));
-}
-
-TEST_F(Buttons, StandAtTheEndOfTheCell)
-{
-    Paint();
-    RECT cell = Area(2, 2);
-    int width = GetSystemMetrics(SM_CXHSCROLL), y = (cell.top + cell.bottom) / 2;
-    EXPECT_NE(canvas.At(cell.right - 1, y), Back);
-    EXPECT_NE(canvas.At(cell.right - width, y), Back);
-    EXPECT_EQ(canvas.At(cell.right - width - 1, y), Back);
-    EXPECT_EQ(canvas.At(cell.left, y), Back);
-}
-
-TEST_F(Buttons, TakeTheTextsRoomAndAreCutAtTheCellsLeft)
-{
-    int width = GetSystemMetrics(SM_CXHSCROLL);
-    grid.ColTable[2].Width = width + 1;
-    SetText(2, 2, L"HHHH");
-    Paint();
-    RECT cell = Area(2, 2);
-    RECT text = {cell.left, cell.top, cell.right - width, cell.bottom};
-    EXPECT_EQ(canvas.Count(text, Ink), 0);
-    grid.ColTable[2].Width = width - 6;
-    Paint();
-    cell = Area(2, 2);
-    int y = (cell.top + cell.bottom) / 2;
-    EXPECT_NE(canvas.At(cell.left, y), Back);
-    EXPECT_NE(canvas.At(cell.left - 1, y), GetSysColor(COLOR_3DDKSHADOW));
-}
-
-TEST_F(Buttons, CanShowAPicture)
-{
-    grid.ColTable[2].ColComboList = DuplicateText(L"...");
-    auto picture = MakePicture(6, 6, RGB(0, 90, 250));
-    ReplaceReference<IPictureDisp>(grid.CellButtonPicture, picture.Get());
-    Paint();
-    EXPECT_EQ(canvas.Count(Area(2, 2), RGB(0, 90, 250)), 35);
-}
-
 // --- pictures
 
 TEST_F(Cells, PicturesStandByTheirAlignmentAndAreTransparentWhereWhite)
@@ -1096,6 +923,33 @@ TEST_F(Cells, ShowThePictureOfTheirFormatAtTheLeft)
     EXPECT_EQ(drawn.top, cell.top + (40 - 1 - 8) / 2);
 }
 
+TEST_F(Cells, ShowThePictureOfTheirFormatBesideTheTree)
+{
+    constexpr COLORREF ink = RGB(0, 90, 250);
+    auto picture = MakePicture(12, 8, ink);
+    ReplaceReference<IPictureDisp>(Format(1, 1).Picture, picture.Get());
+    Format(1, 1).PictureAlignment = lorvPicAlignRightBottom;
+    grid.OutlineCol = 1;
+    grid.OutlineBar = lorvOutlineBarSymbolsLeaf; // draws nothing for a row without children
+    grid.OutlineLevelCount = 1;
+    grid.OutlineLevels[0] = grid.RowTable[1].OutlineLevel = 1;
+    Paint();
+    RECT cell = Area(1, 1), drawn = canvas.Extent(cell, ink);
+    EXPECT_EQ(drawn.right, cell.right - 1);
+    EXPECT_EQ(drawn.bottom, cell.bottom - 1);
+    grid.Extent = {7938, 5292}; // 300 by 200 pixels at 96 dpi
+    SetOption(grid, OptionRightToLeft, true);
+    Paint();
+    cell = Area(1, 1), drawn = canvas.Extent(cell, ink);
+    EXPECT_EQ(drawn.right, cell.right - 1 - DpiScale(13));
+    SetOption(grid, OptionRightToLeft, false);
+    Format(1, 1).PictureAlignment = lorvPicAlignLeftTop;
+    Paint();
+    cell = Area(1, 1), drawn = canvas.Extent(cell, ink);
+    EXPECT_EQ(drawn.left, cell.left + DpiScale(13));
+    EXPECT_EQ(drawn.top, cell.top);
+}
+
 TEST_F(Cells, StretchBitsScalesOnTheScreen)
 {
     Canvas source(10, 10);
@@ -1122,130 +976,28 @@ TEST_F(Cells, OfAnImageColumnShowTheImageInPlaceOfTheNumber)
     EXPECT_EQ(canvas.Count(Area(1, 1), Ink), 0);
     EXPECT_EQ(InkIn(1, 1, RGB(0, 0, 200)).right, Area(1, 1).right) << "numbers stand at the right";
     EXPECT_GT(canvas.Count(Area(2, 1), Ink), 0) << "a number without an image is text";
+    SetText(2, 1, L"-1");
+    Paint();
+    EXPECT_GT(canvas.Count(Area(2, 1), Ink), 0);
+    const LONG acrossShift[] = {0, (90 - 8) / 2, 90 - 8}, downShift[] = {0, (40 - 8) / 2, 40 - 8};
+    for (int alignment = 0; alignment <= 8; ++alignment) {
+        SCOPED_TRACE(alignment);
+        Format(1, 1).Alignment = static_cast<uint8_t>(alignment);
+        Paint();
+        RECT drawn = InkIn(1, 1, RGB(0, 0, 200));
+        EXPECT_EQ(drawn.left - Area(1, 1).left, acrossShift[alignment / 3]);
+        EXPECT_EQ(drawn.top - Area(1, 1).top, downShift[alignment % 3]);
+    }
+    grid.RowTable[1].Height = 6, grid.ColTable[1].Width = 6;
+    Paint();
+    EXPECT_EQ(canvas.At(Area(1, 1).left, Area(1, 1).top), RGB(0, 0, 200))
+        << "a large image starts at the corner";
+    EXPECT_NE(canvas.At(Area(1, 1).left - 1, Area(1, 1).top), RGB(0, 0, 200));
     grid.ColTable[1].ColImageList = nullptr;
     ImageList_Destroy(list);
 }
 
-// --- the search
-
-TEST_F(Cells, InvertTheSearchedPartOfTheCurrentText)
-{
-    SetText(2, 2, L"HHHHHH");
-    Format(2, 2).Alignment = lorvAlignLeftTop;
-    Select(2, 2, 2, 2);
-    Paint();
-    int plain = canvas.Count(Area(2, 2), Back);
-    grid.IsSearching = 1;
-    grid.SearchLength = 2;
-    Paint();
-    EXPECT_LT(canvas.Count(Area(2, 2), Back), plain);
-    COLORREF inverted = ~Back & 0xFFFFFF;
-    RECT marked = InkIn(2, 2, inverted);
-    EXPECT_EQ(marked.left, Area(2, 2).left + 4);
-    Select(2, 1, 2, 1);
-    Paint();
-    EXPECT_EQ(canvas.Count(Area(2, 2), inverted), 0);
-    grid.IsSearching = 0;
-}
-
-// --- headers and themes
-
-struct ThemeCall {
-    int Part, State;
-};
-std::vector<ThemeCall> themeCalls;
-HRESULT themeResult;
-int openThemes;
-
-HANDLE WINAPI FakeOpen(HWND, LPCWSTR name)
-{
-    ++openThemes;
-    return reinterpret_cast<HANDLE>(static_cast<intptr_t>(name[0]));
-}
-HRESULT WINAPI FakeClose(HANDLE)
-{
-    --openThemes;
-    return S_OK;
-}
-HRESULT WINAPI FakeDraw(HANDLE, HDC, int part, int state, const RECT*, const RECT*)
-{
-    themeCalls.push_back({part, state});
-    return themeResult;
-}
-
-class Themes : public Cells
-{
-protected:
-    Themes()
-    {
-        themeCalls.clear();
-        themeResult = S_OK;
-        openThemes = 0;
-        grid.Theme.OpenThemeData = FakeOpen;
-        grid.Theme.CloseThemeData = FakeClose;
-        grid.Theme.DrawThemeBackground = FakeDraw;
-        grid.Theme.ThemeActive = 1;
-        grid.Theme.ThemeWindow = GetDesktopWindow();
-    }
-    ~Themes() override { CloseThemes(grid); }
-};
-
-TEST_F(Themes, DrawFixedCellsAsHeadersWithoutLines)
-{
-    ResizeBoth(grid, 2, 2);
-    grid.HoverRow = 0, grid.HoverCol = 1;
-    Paint();
-    ASSERT_EQ(themeCalls.size(), 3u);
-    EXPECT_EQ(themeCalls[0].Part, 1);
-    EXPECT_EQ(themeCalls[0].State, 1);
-    EXPECT_GE(themeCalls[1].State, 2) << "the cell under the mouse is hot";
-    EXPECT_EQ(canvas.Count(Area(0, 0), Fixed), 0);
-    EXPECT_EQ(canvas.Count(Area(0, 0), Untouched), 50 * 20) << "neither colour nor lines";
-}
-
-TEST_F(Themes, DrawTheBoxStates)
-{
-    const int states[] = {5, 1, 5, 1, 9, 8, 4};
-    for (int check = lorvChecked; check <= lorvDisabledUnchecked; ++check) {
-        SetCheck(2, 1, check);
-        themeCalls.clear();
-        Paint();
-        auto box = std::find_if(themeCalls.begin(), themeCalls.end(),
-                                [](const ThemeCall& call) { return call.Part == 3; });
-        ASSERT_NE(box, themeCalls.end());
-        EXPECT_EQ(box->State, states[check - 1]) << check;
-    }
-}
-
-TEST_F(Themes, CloseEveryClassAfterAFailure)
-{
-    themeResult = E_FAIL;
-    DrawThemePart(grid, ThemeOf(grid, ThemeClass::Header), canvas.Get(), 1, 1, {0, 0, 9, 9});
-    EXPECT_EQ(openThemes, 0);
-    EXPECT_EQ(grid.Theme.HeaderTheme, nullptr);
-    DrawThemeButton(grid, canvas.Get(), {0, 0, 20, 20});
-    EXPECT_EQ(canvas.Count(canvas.Area(), Untouched), 300 * 200) << "no classic button beside a theme";
-}
-
-TEST_F(Themes, GoWithTheirWindow)
-{
-    ThemeOf(grid, ThemeClass::Button);
-    ThemeOf(grid, ThemeClass::TreeView);
-    EXPECT_EQ(openThemes, 2);
-    CloseThemes(grid);
-    EXPECT_EQ(openThemes, 0);
-    EXPECT_FALSE(IsThemed(grid));
-    EXPECT_EQ(ThemeOf(grid, ThemeClass::Button), nullptr);
-    DrawThemeButton(grid, canvas.Get(), {0, 0, 20, 20});
-    EXPECT_LT(canvas.Count(canvas.Area(), Untouched), 300 * 200) << "a classic button without a theme";
-}
-
-TEST_F(Themes, NeedAWindow)
-{
-    ThemeReopen(grid, nullptr);
-    EXPECT_FALSE(IsThemed(grid));
-    EXPECT_EQ(grid.Theme.ThemeWindow, nullptr);
-}
+// --- headers
 
 TEST_F(Cells, FixedArePlainWithThemesWantedAndNotToBeHad)
 {
@@ -1276,5 +1028,41 @@ TEST_F(Cells, RowIndicatorStandsInTheLastFixedColumnOfTheCurrentRow)
     grid.ColTable[0].Width = 10;
     Paint();
     EXPECT_EQ(canvas.Count(Area(2, 0), GetSysColor(COLOR_BTNTEXT)), 0) << "a narrow header has none";
+}
+
+TEST_F(Cells, RowIndicatorPointsIntoTheSheet)
+{
+    grid.GridLinesFixed = lorvGridDataGrid;
+    grid.Extent = {7938, 5292}; // 300 by 200 pixels at 96 dpi
+    Select(2, 1, 2, 1);
+    for (bool rightToLeft : {false, true}) {
+        SCOPED_TRACE(rightToLeft);
+        SetOption(grid, OptionRightToLeft, rightToLeft);
+        Paint();
+        const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+        RECT mark = canvas.Extent(Area(2, 0), ink);
+        int first = canvas.Count({mark.left, mark.top, mark.left + 1, mark.bottom}, ink);
+        int last = canvas.Count({mark.right - 1, mark.top, mark.right, mark.bottom}, ink);
+        EXPECT_EQ(last > first, rightToLeft);
+    }
+}
+
+TEST_F(Cells, RowIndicatorNeedsTheDataGridStyleAndElevenPixels)
+{
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+    Select(2, 1, 2, 1);
+    grid.GridLinesFixed = lorvGridInset;
+    Paint();
+    EXPECT_EQ(canvas.Count(Area(2, 0), ink), 0);
+    grid.GridLinesFixed = lorvGridDataGrid;
+    grid.RowTable[2].Height = 10;
+    Paint();
+    EXPECT_EQ(canvas.Count(Area(2, 0), ink), 0);
+    grid.RowTable[2].Height = 11, grid.ColTable[0].Width = 11;
+    Paint();
+    EXPECT_GT(canvas.Count(Area(2, 0), ink), 0);
+    SetFixedCounts(grid, 1, 2, 0, 0);
+    Paint();
+    EXPECT_EQ(canvas.Count(Area(2, 0), ink), 0) << "it stands in the last fixed column";
 }
 } // namespace

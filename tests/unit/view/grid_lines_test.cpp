@@ -242,6 +242,15 @@ TEST_F(GridLines, FrozenBoundaryShowsAtZeroWhileTheUserMayFreeze)
     }
 }
 
+TEST_F(GridLines, FrozenBoundaryIsDrawnOnButtonsToo)
+{
+    grid.AllowUserFreezing = lorvFreezeBoth;
+    grid.Appearance = lorvFlat;
+    Paint();
+    EXPECT_EQ(RightEdge(3, 0), Border);
+    EXPECT_EQ(canvas.At(75, 19), Border);
+}
+
 TEST_F(GridLines, FrozenBoundaryIsAtTheLeftFromRightToLeft)
 {
     SetOption(grid, OptionRightToLeft, true);

@@ -308,6 +308,46 @@ TEST_F(Merged, RangesEndJustPastTheBounds)
     EXPECT_EQ(canvas.At(55, 75), Untouched);
 }
 
+TEST_F(Merged, RangesAreAsHighAsTheirFirstRowAtLeast)
+{
+    PaintGrid(grid, canvas.Get(), {0, 0, 300, 45}, nullptr);
+    EXPECT_EQ(canvas.At(55, 59), Line);
+    EXPECT_EQ(canvas.At(55, 61), Untouched);
+}
+
+TEST_F(Merged, RangesEndBeforeTheEndOfAPage)
+{
+    grid.PaintMode |= PaintPrinting;
+    PaintGrid(grid, canvas.Get(), {0, 0, 300, 70}, nullptr);
+    EXPECT_EQ(canvas.At(55, 68), Line);
+    EXPECT_EQ(canvas.At(55, 69), Untouched);
+}
+
+TEST_F(Merged, RangesStandAtTheCornerOfTheBounds)
+{
+    int saved = SaveDC(canvas.Get());
+    PaintGrid(grid, canvas.Get(), {40, 30, 300, 200}, nullptr);
+    RestoreDC(canvas.Get(), saved);
+    EXPECT_EQ(canvas.At(95, 69), Line);
+    EXPECT_EQ(canvas.At(95, 89), Back);
+    EXPECT_EQ(canvas.At(95, 129), Line);
+    EXPECT_EQ(canvas.At(139, 100), Line);
+    EXPECT_EQ(canvas.At(138, 100), Back);
+}
+
+TEST_F(Merged, RangesRunFromTheRightToo)
+{
+    SetOption(grid, OptionRightToLeft, true);
+    Paint();
+    EXPECT_EQ(canvas.At(205, 39), Line);
+    EXPECT_EQ(canvas.At(205, 59), Back);
+    EXPECT_EQ(canvas.At(205, 99), Line);
+    SetOption(grid, OptionExtendLastCol, true);
+    Paint();
+    EXPECT_EQ(canvas.At(5, 50), Back) << "the last column reaches the left edge";
+    EXPECT_EQ(canvas.At(99, 50), Back);
+}
+
 TEST_F(Merged, LinksAreBroughtUpToDateByThePaint)
 {
     EXPECT_TRUE(HasOption(grid, OptionMergeStale));
