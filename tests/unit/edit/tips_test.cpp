@@ -289,6 +289,22 @@ TEST_F(Tips, MouseShowsTheToolTipInPlaceOfAScrollTip)
     EXPECT_TRUE(IsShown());
 }
 
+TEST_F(Tips, MoveOfTheMouseShowsTheTextThatItsHandlerSet)
+{
+    constexpr DISPID mouseMoveId = -606;
+    events.On = [&](DISPID id, DISPPARAMS&) {
+        if (id == mouseMoveId)
+            SetText(grid.ToolTipText, L"set in MouseMove");
+    };
+    Send(WM_MOUSEMOVE, 0);
+    EXPECT_TRUE(IsShown());
+    EXPECT_EQ(TipText(), L"set in MouseMove");
+    grid.LastTipRow = 5;
+    Send(WM_MOUSELEAVE, 0);
+    EXPECT_FALSE(IsShown());
+    EXPECT_EQ(grid.LastTipRow, -1);
+}
+
 TEST_F(Tips, ToolTipShowsInWhateverWindowThereIs)
 {
     grid.TipOptions = TipOptionScrollTips;

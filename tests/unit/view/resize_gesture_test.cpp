@@ -96,6 +96,19 @@ TEST_F(Zones, RefusedOnesShowNoCursor)
     EXPECT_EQ(Told("MouseMove"), "BeforeUserResize(-1,2) BeforeUserResize(3,-1)");
 }
 
+TEST_F(Zones, WithoutOneTheCursorIsThePropertys)
+{
+    grid.MousePointer = lorvCross;
+    HCURSOR cross = LoadCursorW(nullptr, IDC_CROSS);
+    ZoneAt(120, 50);
+    EXPECT_EQ(GetCursor(), cross);
+    ZoneAt(148, 10);
+    EXPECT_EQ(GetCursor(), GridCursorOf(GridCursor::ResizeCol));
+    refuse = [](DISPID id) { return id == BeforeUserResizeId; };
+    ZoneAt(148, 10);
+    EXPECT_EQ(GetCursor(), nullptr) << "a refusal asks for none";
+}
+
 TEST_F(Zones, HiddenColumnsLeaveTheirLineToTheNeighbour)
 {
     HideCol(2);
