@@ -465,6 +465,26 @@ TEST_F(Merging, IncludeNullsGivesEveryRowItsCells)
     EXPECT_EQ(Rebuilt(), "22/11");
 }
 
+TEST_F(Merging, ATextSourceGivesEveryRowItsCells)
+{
+    FakeSource source;
+    for (bool custom : {false, true}) {
+        Fill({"..", ".."});
+        SetMode(lorvMergeFree);
+        Rebuilt();
+        EXPECT_EQ(grid.RowTable[1].Cells, nullptr);
+        grid.BoundKind = custom ? BoundNone : BoundToGrid;
+        grid.BoundGrid = custom ? nullptr : &other;
+        grid.LorvDataSource = custom ? &source : nullptr;
+        Rebuilt();
+        EXPECT_NE(grid.RowTable[0].Cells, nullptr) << custom;
+        EXPECT_NE(grid.RowTable[1].Cells, nullptr) << custom;
+        grid.BoundKind = BoundNone;
+        grid.BoundGrid = nullptr;
+        grid.LorvDataSource = nullptr;
+    }
+}
+
 TEST_F(Merging, ABooleanColumnJoinsRowsThatHaveNoCellsYet)
 {
     Fill({"..", "..", ".."});
@@ -734,6 +754,14 @@ TEST_F(Spilling, ATextStopsAtTheNextText)
     EXPECT_EQ(Rebuilt(), "840000");
     Put(0, 1, L"b");
     EXPECT_EQ(Rebuilt(), "000000");
+}
+
+TEST_F(Spilling, AnEmptyTextStopsNothing)
+{
+    Put(0, 0, Long);
+    grid.RowTable[0].Cells[1].Text = DuplicateText(L"");
+    grid.ColTable[0].Width = Measured(Long) + 8 - Width;
+    EXPECT_EQ(Rebuilt(), "840000");
 }
 
 TEST_F(Spilling, ATextStopsAtAPicture)
@@ -1064,6 +1092,8 @@ TEST_F(MergedRectangles, AreCutAtTheScrollPosition)
     grid.LeftCol = 3;
     EXPECT_EQ(Merged(5, 3), "50,100-150,120");
     EXPECT_EQ(Merged(5, 4), "50,100-150,120");
+    grid.LeftCol = 5;
+    EXPECT_EQ(Merged(5, 4), "-100,100-50,120");
 }
 
 TEST_F(MergedRectangles, OfACellThatIsScrolledAwayGrowTowardsTheRest)

@@ -366,7 +366,7 @@ TEST(SortOrders, AListColumnSortsOnWhatItShows)
 {
     Grid grid;
     Fill(grid, {L"2", L"1", L"3", L"K"});
-    List list(grid, 1, {{L"1", L"zebra"}, {L"2", L"ant"}, {L"k", L"mouse"}, {L"3", nullptr}});
+    List list(grid, 1, {{L"1", L"zebra"}, {L"2", L"ant"}, {L"k", L"zoo"}, {L"3", nullptr}});
     ReplaceText(grid.ColTable[1].ColComboList, L"#1;zebra|#2;ant");
     grid.ColTable[1].ColDataType = lorvDTLong;
     long keys = SortKeysMade();
@@ -374,8 +374,8 @@ TEST(SortOrders, AListColumnSortsOnWhatItShows)
         int Order;
         Texts Expected;
     } rows[] = {
-        {lorvSortGenericAscending, {L"3", L"2", L"K", L"1"}},
-        {lorvSortGenericDescending, {L"1", L"K", L"2", L"3"}},
+        {lorvSortGenericAscending, {L"3", L"2", L"1", L"K"}},
+        {lorvSortGenericDescending, {L"K", L"1", L"2", L"3"}},
     };
     for (auto& row : rows) {
         ASSERT_EQ(SortAll(grid, row.Order), S_OK);
@@ -385,9 +385,9 @@ TEST(SortOrders, AListColumnSortsOnWhatItShows)
 
     for (int lastCol : {1, 2}) {
         ASSERT_EQ(SortAll(grid, lorvSortStringAscending, 1, lastCol), S_OK);
-        EXPECT_EQ(ColumnOf(grid), (Texts{L"3", L"2", L"K", L"1"}));
+        EXPECT_EQ(ColumnOf(grid), (Texts{L"3", L"2", L"1", L"K"}));
         ASSERT_EQ(SortAll(grid, lorvSortStringNoCaseDescending, 1, lastCol), S_OK);
-        EXPECT_EQ(ColumnOf(grid), (Texts{L"1", L"K", L"2", L"3"}));
+        EXPECT_EQ(ColumnOf(grid), (Texts{L"K", L"1", L"2", L"3"}));
     }
     ASSERT_EQ(SortAll(grid, lorvSortNumericAscending), S_OK);
     EXPECT_EQ(ColumnOf(grid), (Texts{L"K", L"1", L"2", L"3"})) << "numbers are those of the cells";
@@ -758,6 +758,26 @@ TEST(SortRange, OfBoundTextsMovesTheRecordsAlone)
             EXPECT_EQ(ColumnOf(grid), row.Given);
             grid.BoundKind = BoundNone;
         }
+}
+
+// No key may stand for a text that stays where it is.
+TEST(SortRange, OfBoundTextsMakesNoKeys)
+{
+    Grid other;
+    FakeSource source;
+    for (bool custom : {false, true}) {
+        Grid grid;
+        Fill(grid, {L"b", L"a"});
+        grid.BoundKind = custom ? BoundNone : BoundToGrid;
+        grid.BoundGrid = custom ? nullptr : &other;
+        grid.LorvDataSource = custom ? &source : nullptr;
+        long keys = SortKeysMade();
+        EXPECT_EQ(SortAll(grid, lorvSortStringAscending), S_OK);
+        EXPECT_EQ(SortKeysMade(), keys) << custom;
+        grid.BoundKind = BoundNone;
+        grid.BoundGrid = nullptr;
+        grid.LorvDataSource = nullptr;
+    }
 }
 
 // Numbers are keys, which move with their rows.
