@@ -756,12 +756,21 @@ TEST_F(Spilling, ATextStopsAtTheNextText)
     EXPECT_EQ(Rebuilt(), "000000");
 }
 
+// A box whose word is empty stands in no text's way, and yet needs the margins of a text for itself.
 TEST_F(Spilling, AnEmptyTextStopsNothing)
 {
     Put(0, 0, Long);
-    grid.RowTable[0].Cells[1].Text = DuplicateText(L"");
+    SetColFormat(grid, 1, L"Yes;");
+    Check(0, 1, lorvUnchecked);
     grid.ColTable[0].Width = Measured(Long) + 8 - Width;
     EXPECT_EQ(Rebuilt(), "840000");
+    Check(0, 1, lorvChecked);
+    EXPECT_EQ(Rebuilt()[0], '0');
+    Put(0, 0, nullptr);
+    Check(0, 1, lorvUnchecked);
+    EXPECT_EQ(Rebuilt(), "000000");
+    grid.ColTable[1].Width = 7;
+    EXPECT_EQ(Rebuilt(), "084000");
 }
 
 TEST_F(Spilling, ATextStopsAtAPicture)
@@ -958,6 +967,18 @@ TEST_F(MergedSubtotalRows, EachTextTakesTheEmptyCellsAtItsRight)
     EXPECT_EQ(Rebuilt(), "08C484/000000");
     EXPECT_EQ(RangeOf(0, 3), "0,1-0,3");
     EXPECT_EQ(RangeOf(1, 1), "1,1-1,1");
+}
+
+TEST_F(MergedSubtotalRows, EachRegionTakesThemByItsOwnMode)
+{
+    FillSubtotal("xa..");
+    SetFixedCounts(grid, 0, 1, 0, 0);
+    SetModes(lorvMergeOutline, lorvMergeFree);
+    EXPECT_EQ(Rebuilt(), "0000/0000");
+    SetFixedCounts(grid, 1, 0, 0, 0);
+    EXPECT_EQ(Rebuilt(), "08C4/0000") << "a subtotal among the fixed rows";
+    SetModes(lorvMergeFree, lorvMergeOutline);
+    EXPECT_EQ(Rebuilt(), "0000/0000");
 }
 
 TEST_F(MergedSubtotalRows, FixedColumnsDoNotTakePart)
