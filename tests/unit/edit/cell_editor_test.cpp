@@ -320,6 +320,27 @@ TEST_F(CellEditor, AScrollMovesItAndParksItOutOfSight)
     EXPECT_EQ(RectOf(live.Box(), grid.Window), "50,20,100,40");
 }
 
+TEST_F(CellEditor, AScrollLeavesTheGridLinesVisibleToo)
+{
+    grid.GridLines = lorvGridInset;
+    live.GoTo(3, 1);
+    live.Open();
+    ScrollVertical(grid, ScrollDirect, 2, true);
+    EXPECT_EQ(RectOf(live.Box(), grid.Window), "51,41,98,58");
+}
+
+TEST_F(CellEditor, IsMovedOnlyWhenItsPlaceChanges)
+{
+    grid.GridLines = lorvGridNone;
+    live.GoTo(3, 1);
+    live.Open();
+    MoveWindow(live.Box(), 7, 7, 30, 10, FALSE);
+    RecalculateLayout(grid);
+    EXPECT_EQ(RectOf(live.Box(), grid.Window), "7,7,37,17") << "the cell is where it was";
+    ScrollVertical(grid, ScrollDirect, 2, true);
+    EXPECT_EQ(RectOf(live.Box(), grid.Window), "50,40,100,60");
+}
+
 TEST_F(CellEditor, AfterAScrollItCoversTheButtonAsWell)
 {
     grid.GridLines = lorvGridNone;

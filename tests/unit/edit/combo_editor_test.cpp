@@ -4,6 +4,7 @@
 
 #include "edit/combo_editor.h"
 #include "edit/mask.h"
+#include "view/scroll.h"
 
 namespace
 {
@@ -756,4 +757,16 @@ TEST_F(ComboEditor, TwoGridsEditInTurn)
     EXPECT_FALSE(second.IsOpen());
     live.Open();
     EXPECT_EQ(live.Shown(), L"Two");
+}
+
+TEST_F(ComboEditor, AScrollMovesItAPixelPastItsCell)
+{
+    live.GoTo(3, 1);
+    Open(L"A|B");
+    Send(CB_SHOWDROPDOWN, FALSE);
+    ScrollVertical(grid, ScrollDirect, 2, true);
+    EXPECT_EQ(RectOf(grid.ComboWindow, grid.Window), "49,39,101");
+    EXPECT_EQ(grid.EditRect.bottom, 61);
+    ScrollVertical(grid, ScrollDirect, 8, true);
+    EXPECT_EQ(RectOf(grid.ComboWindow, grid.Window), "-50,-50,-10");
 }
