@@ -1,4 +1,5 @@
 #include "core/events.h"
+#include "core/format_string.h"
 #include "core/property_frame.h"
 #include "core/upcalls.h"
 #include "platform/gdi.h"
@@ -24,6 +25,8 @@ void RecalcDefaultRowHeight(Grid& grid)
     KeepAlive alive(grid);
     int before = grid.DefaultRowHeight;
     grid.DefaultRowHeight = MeasureTextHeight(grid) + RowPadding;
+    if (IsDesignMode(grid) && grid.FormatString && *grid.FormatString)
+        ApplyFormatString(grid); // what a designer shows is made of it, in widths of the font
     if (SpillsText(grid) && grid.DefaultRowHeight != before)
         MarkMergeStale(grid);
     RebuildOutlineLevels(grid);

@@ -1,5 +1,6 @@
 #include "view/metrics.h"
 
+#include "core/format_string.h"
 #include "platform/dpi.h"
 #include "platform/gdi.h"
 #include "support/grid_window.h"
@@ -190,5 +191,26 @@ TEST_F(Metrics, CellIsAsLargeAsItsMergedRange)
     }
     SetOption(grid, OptionExtendLastCol, true);
     EXPECT_EQ(CellRect(grid, 2, 3).right, ClientRectOf(grid).right) << "the range ends in the last column";
+}
+
+TEST_F(Metrics, DesignersSeeTheFormatAgainInANewFont)
+{
+    SetFormatString(grid, L"|a heading");
+    int before = grid.ColTable[1].Width;
+    for (int designing : {0, 1}) {
+        grid.DesignModeCache = designing;
+        SetCellText(grid, 3, 1, L"text");
+        EXPECT_EQ(GridFont(grid)->put_Size(CY{.int64 = 400000}), S_OK);
+        RecalcDefaultRowHeight(grid);
+        EXPECT_EQ(grid.ColTable[1].Width > before, designing == 1);
+        EXPECT_STREQ(GetCellText(grid, 0, 1), L"a heading");
+        const wchar_t* text = GetCellText(grid, 3, 1);
+        EXPECT_EQ(text && *text, designing == 0) << "a program's own texts are not a designer's";
+    }
+    SetFormatString(grid, L"");
+    SetCellText(grid, 3, 1, L"text");
+    RecalcDefaultRowHeight(grid);
+    EXPECT_STREQ(GetCellText(grid, 3, 1), L"text") << "without a format nothing is made anew";
+    grid.DesignModeCache = 0;
 }
 } // namespace
