@@ -117,16 +117,44 @@ void InputPlayer::Rest(DWORD milliseconds, const std::wstring& picture)
     steps_.back().picture = picture;
 }
 
+static bool IsButton(const INPUT& input)
+{
+    constexpr DWORD releases = MOUSEEVENTF_LEFTUP | MOUSEEVENTF_RIGHTUP | MOUSEEVENTF_MIDDLEUP;
+    return IsPress(input) || (input.type == INPUT_MOUSE && (input.mi.dwFlags & releases));
+}
+
+// A display that is behind tells the window of earlier places after the pointer has reached its last one, and
+// takes the pointer back there meanwhile. A button goes down or up only when the pointer has stayed where it
+// was put, with the window handling its messages in between.
+void InputPlayer::WaitForPointer(POINT place)
+{
+    constexpr int looksInARow = 4, looksAtMost = 100;
+    for (int look = 0, stayed = 0; look < looksAtMost && stayed < looksInARow; ++look) {
+        DWORD_PTR unused;
+        SendMessageTimeoutW(frame_, WM_NULL, 0, 0, SMTO_NORMAL, stepMilliseconds, &unused);
+        Sleep(2);
+        POINT now;
+        GetCursorPos(&now);
+        stayed = now.x == place.x && now.y == place.y ? stayed + 1 : 0;
+    }
+}
+
 void InputPlayer::PlaySteps()
 {
+    POINT place;
+    GetCursorPos(&place);
     for (Step& step : steps_) {
         if (step.firstPress)
             WaitForFirstPress();
+        if (IsButton(step.input))
+            WaitForPointer(place);
         if (IsPress(step.input)) {
             lastPress.time = GetTickCount64();
             GetCursorPos(&lastPress.place);
         }
         SendInput(1, &step.input, sizeof(step.input));
+        if (step.input.type == INPUT_MOUSE && (step.input.mi.dwFlags & MOUSEEVENTF_MOVE))
+            GetCursorPos(&place);
         Sleep(stepMilliseconds + step.rest);
         if (!step.picture.empty())
             if (HRESULT hr = SavePictureInPassing(frame_, step.picture); FAILED(hr))

@@ -36,6 +36,7 @@ private:
     };
     static DWORD WINAPI PlayThread(void* self);
     void PlaySteps();
+    void WaitForPointer(POINT place);
     void Add(const INPUT& input);
     void AddKey(unsigned short virtualKey, wchar_t character, DWORD flags);
 

@@ -77,7 +77,8 @@ Sub Play(gesture)
     Select Case gesture
     Case "pointer"
         Host.Click X(3), Y(5)
-        Host.RestDrag 120
+        ' Long enough for the timer of a drag that is past the edge.
+        If InStr(target, "Scroll") > 0 Then Host.RestDrag 600 Else Host.RestDrag 120
         Host.Drag X(2), Y(4), X(4), Host.Height + 20
         Host.DoubleClick X(2), Y(3)
         Host.Click X(3), Y(3), 2
