@@ -49,9 +49,47 @@ private:
     HFONT pooled_ = nullptr;
 };
 
+// How wide a text can be at most, from the widths of its characters: enough to see that it is not the widest,
+// at a fraction of what measuring costs.
+class WidthLimits
+{
+public:
+    explicit WidthLimits(HDC screen) noexcept
+    {
+        TEXTMETRICW metrics = {};
+        known_ = GetTextMetricsW(screen, &metrics) && metrics.tmCharSet != SYMBOL_CHARSET &&
+                 GetCharWidth32W(screen, First, Last, widths_);
+        overhang_ = metrics.tmOverhang;
+    }
+
+    // Of a text in the font that was selected; Unknown for one that has tabs, line breaks or other scripts.
+    int Of(const wchar_t* text) const noexcept
+    {
+        if (!known_)
+            return Unknown;
+        int width = overhang_;
+        for (; *text && width < Unknown; ++text) {
+            if (*text < First || *text > Last)
+                return Unknown;
+            width += widths_[*text - First];
+        }
+        return std::min(width, Unknown);
+    }
+
+    static constexpr int Unknown = 1 << 24;
+
+private:
+    static constexpr wchar_t First = L' ', Last = L'~';
+
+    bool known_ = false;
+    int overhang_ = 0;
+    int widths_[Last - First + 1] = {};
+};
+
 struct Sizing {
     Grid& Sheet;
     HDC Screen;
+    const WidthLimits& Limits; // in the font of cells that have none of their own
     int First, Last;
     bool Equal;
     int Extra;
@@ -151,7 +189,18 @@ bool IsMergedAcross(const Grid& grid, int row, int col) noexcept
     return marked && MergeLinksOf(grid, row, col) != 0;
 }
 
-int CellWidth(const Sizing& sizing, int row, int col, int margin, int digitWidth)
+enum class Width { Measured, AtMost };
+
+int TextWidth(const Sizing& sizing, const CellFormat* format, const wchar_t* text, RECT area, Width kind)
+{
+    if (kind == Width::AtMost)
+        return CellFont(format) ? WidthLimits::Unknown : sizing.Limits.Of(text);
+    SelectedObject font(sizing.Screen, CellFont(format));
+    DrawTextW(sizing.Screen, text, TextLength(text), &area, MeasureFlags);
+    return area.right;
+}
+
+int CellWidth(const Sizing& sizing, int row, int col, int margin, int digitWidth, Width kind)
 {
     Grid& grid = sizing.Sheet;
     const CellFormat* format = CellFormatOf(grid, row, col);
@@ -159,8 +208,7 @@ int CellWidth(const Sizing& sizing, int row, int col, int margin, int digitWidth
     int width = margin + digitWidth;
     const wchar_t* text = GetDisplayText(grid, row, col);
     if (text && *text) {
-        SelectedObject font(sizing.Screen, CellFont(format));
-        DrawTextW(sizing.Screen, text, TextLength(text), &area, MeasureFlags);
+        area.right = TextWidth(sizing, format, text, area, kind);
         width += area.right;
     }
     RECT left = area;
@@ -177,8 +225,11 @@ int WidestInCol(const Sizing& sizing, int col, int digitWidth, int best)
         best = std::max(best, 2 * DpiScale(CheckBoxSide));
     for (int row = 0; row < grid.Rows && IsCol(grid, col); ++row) {
         bool skipped = !sizing.IncludeHidden && EffectiveRowHeight(grid, row) == 0;
-        if (!skipped && !IsMergedAcross(grid, row, col))
-            best = std::max(best, CellWidth(sizing, row, col, margin, digitWidth));
+        if (skipped || IsMergedAcross(grid, row, col) ||
+            CellWidth(sizing, row, col, margin, digitWidth, Width::AtMost) <= best)
+            continue;
+        if (IsCell(grid, row, col)) // a text source may have changed the grid
+            best = std::max(best, CellWidth(sizing, row, col, margin, digitWidth, Width::Measured));
     }
     return std::min(best, GetSystemMetrics(SM_CXSCREEN));
 }
@@ -219,7 +270,8 @@ void AutoSizeRange(Grid& grid, int first, int last, bool equal, int extra, int m
         ScreenDC screen;
         MeasuringFont font(grid);
         SelectedObject selected(screen.Get(), font.Get());
-        Sizing sizing = {grid, screen.Get(), first, last, equal, extra, ShowsOutline(grid)};
+        WidthLimits limits(screen.Get());
+        Sizing sizing = {grid, screen.Get(), limits, first, last, equal, extra, ShowsOutline(grid)};
         bool rows = (mode < 0 ? grid.AutoSizeMode : mode) == lorvAutoSizeRowHeight;
         (rows ? SizeRows : SizeCols)(sizing);
     }

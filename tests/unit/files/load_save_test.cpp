@@ -338,7 +338,9 @@ TEST_F(FileMembers, PutTheGridInOrderAfterEveryLoad)
 {
     Table sample;
     ResizeRows(sample, 6);
+    ResizeCols(sample, 5);
     sample.FrozenRows = 1;
+    sample.FrozenCols = 2;
     ASSERT_EQ(S_OK, Save(sample, L"binary", 0));
     Write(L"text", "t");
     Write(L"wrong", "no grid file");
@@ -346,14 +348,16 @@ TEST_F(FileMembers, PutTheGridInOrderAfterEveryLoad)
         const wchar_t* File;
         int Kind;
         HRESULT Expected;
-        int TopRow;
-    } cases[] = {{L"binary", 0, S_OK, 2},
-                 {L"binary", 2, S_OK, 2},
-                 {L"text", 3, S_OK, 1},
-                 {L"wrong", 0, LORV_E_BADFORMAT, 1}};
+        int TopRow, LeftCol;
+    } cases[] = {{L"binary", 0, S_OK, 2, 3},
+                 {L"binary", 2, S_OK, 2, 3},
+                 {L"text", 3, S_OK, 1, 1},
+                 {L"wrong", 0, LORV_E_BADFORMAT, 1, 1}};
     for (auto& c : cases) {
         Table grid;
         ResizeRows(grid, 6);
+        ResizeCols(grid, 5);
+        grid.LeftCol = 4;
         grid.Row = grid.RowSel = 4;
         grid.Col = grid.ColSel = 0;
         grid.TopRow = 3;
@@ -368,7 +372,7 @@ TEST_F(FileMembers, PutTheGridInOrderAfterEveryLoad)
         EXPECT_EQ(grid.Col, grid.FixedCols);
         EXPECT_EQ(grid.ColSel, grid.FixedCols);
         EXPECT_EQ(grid.TopRow, c.TopRow);
-        EXPECT_EQ(grid.LeftCol, grid.FixedCols);
+        EXPECT_EQ(grid.LeftCol, c.LeftCol);
         EXPECT_TRUE(HasOption(grid, OptionMergeStale));
         for (int row = 0; row < 4; ++row)
             EXPECT_EQ(grid.RowTable[row].Status, lorvrsUpdated);

@@ -1,5 +1,6 @@
 #include "view/auto_size.h"
 
+#include "core/cell_property.h"
 #include "core/font_pool.h"
 #include "platform/dpi.h"
 #include "platform/gdi.h"
@@ -119,6 +120,31 @@ TEST_F(Sizing, WordWrapDoesNotMatterForWidths)
     SetOption(grid, OptionWordWrap, true);
     SizeColumns(2, 2);
     EXPECT_EQ(ColWidthOf(2), TextWidth(L"one two three"));
+}
+
+// Only what may be the widest is measured.
+TEST_F(Sizing, EveryTextCanBeTheWidest)
+{
+    const wchar_t* texts[] = {L"iiiiiiii",         L"WWW", L"a b c",  L"\x416\x416\x416", L"(~ !.,;|`'",
+                              L"\xE4\xF6\xFC\xDF", L"0",   L"MMMMMMM"};
+    auto sized = [this](const wchar_t* first, const wchar_t* second) {
+        SetCellText(grid, 2, 2, first);
+        SetCellText(grid, 3, 2, second);
+        SizeColumns(2, 2);
+        return ColWidthOf(2);
+    };
+    for (bool bold : {false, true}) {
+        SetCellProperty(grid, 3, 2, CellSelector::FontBold, bold);
+        for (const wchar_t* second : texts) {
+            int alone = sized(L"", second);
+            for (const wchar_t* first : texts)
+                EXPECT_EQ(sized(first, second), std::max(TextWidth(first), alone)) << first << second;
+        }
+    }
+    EXPECT_GT(sized(L"MM", L"i\ti"), TextWidth(L"MM")) << "a tab is wider than any character";
+    SetCellProperty(grid, 3, 2, CellSelector::CheckState, static_cast<int>(lorvChecked));
+    EXPECT_EQ(sized(L"MMM", L"MMM"), sized(L"", L"MMM")) << "the narrower text has a box beside it";
+    EXPECT_GT(sized(L"MMM", L"MMM"), sized(L"MMM", L""));
 }
 
 TEST_F(Sizing, WidthsEndAtTheScreen)
