@@ -144,7 +144,7 @@ class Pass
 public:
     Pass(MaskState& state, const MaskPlatform& platform, MaskPass& pass)
         : text_(state.MaskText), mask_(state.CompiledMask), state_(state), platform_(platform), pass_(pass),
-          maskLength_(LengthOf(mask_))
+          maskLength_(LengthOf(mask_)), start_(pass.Caret)
     {
     }
 
@@ -259,7 +259,7 @@ private:
     // is moved, the whole text's length with its terminator, is one of bytes.
     bool JumpToLiteral(int& i, wchar_t c)
     {
-        if (pass_.Caret != 0)
+        if (start_ != 0)
             return false;
         int j = i;
         while (IsPlaceholder(mask_[j]))
@@ -322,6 +322,7 @@ private:
     const MaskPlatform& platform_;
     MaskPass& pass_;
     const int maskLength_;
+    const int start_; // where the selection began; the caret may have moved since
     bool ok_ = true;
 };
 } // namespace

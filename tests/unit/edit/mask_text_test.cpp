@@ -231,6 +231,8 @@ TEST(MaskText, JumpsToALiteralOnlyInATextSetAsAWhole)
 {
     EXPECT_EQ(Masked(english, L"##/##", L"1/2"), L"1_/2_");
     EXPECT_EQ(Masked(english, L"##/##", L"1/2", {3, false, false}), L"1_/__");
+    // An "x" typed over "12" takes the caret back to the start, but it was typed.
+    EXPECT_EQ(Masked(english, L"##/##", L"x/34", {1, false, true}), L"__/4_");
 }
 
 TEST(MaskText, JumpsWithHalfTheTextOfALongOne)
