@@ -149,9 +149,11 @@ private:
     bool FindKey(const VARIANT& keyField)
     {
         std::wstring name;
-        if (IsMissing(keyField) || !TextOf(keyField, name) || name.empty())
+        if (IsMissing(keyField))
             return true;
-        return FindField(std::move(name), key_);
+        if (!TextOf(keyField, name))
+            return false;
+        return name.empty() || FindField(std::move(name), key_);
     }
 
     bool FindMoves()

@@ -164,6 +164,17 @@ TEST_F(RecordsetList, LeavesFieldsOutThatAreNotThere)
     EXPECT_EQ(Built(&people, L"name", L"nobody"), L"(refused)");
 }
 
+TEST_F(RecordsetList, RefusesAKeyFieldThatIsNoName)
+{
+    VARIANT nothing = {}, noName = {};
+    noName.vt = VT_UNKNOWN;
+    Bstr list;
+    EXPECT_FALSE(BuildRecordsetList(&people, L"name", noName, missing, list));
+    EXPECT_TRUE(list.Empty());
+    EXPECT_TRUE(BuildRecordsetList(&people, L"name", nothing, missing, list));
+    EXPECT_STREQ(list.Text(), L"Ann|Bob");
+}
+
 TEST_F(RecordsetList, TakesTwentyFields)
 {
     std::wstring fields = L"id";
