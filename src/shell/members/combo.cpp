@@ -65,14 +65,13 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_ComboIndex(LONG value)
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboCount(LONG* result)
 {
-    HRESULT guard = GuardRunTime(*this, result);
-    return SUCCEEDED(guard) ? Return(result, ComboCountOf(*this)) : guard;
+    return Return(result, ComboCountOf(*this));
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboItem(VARIANT index, BSTR* result)
 {
-    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
-        return guard;
+    if (!result)
+        return E_POINTER;
     if (!ComboWindow)
         return ReturnText(result, nullptr);
     int item = -1;
@@ -82,8 +81,8 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_ComboItem(VARIANT index, BSTR* result
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboData(VARIANT index, BSTR* result)
 {
-    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
-        return guard;
+    if (!result)
+        return E_POINTER;
     if (!ComboWindow)
         return ReturnText(result, nullptr);
     int item = -1;
