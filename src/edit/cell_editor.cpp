@@ -127,6 +127,8 @@ bool StartCellEdit(Grid& grid, int key)
         return ToggleByKey(grid, key);
     if (!AskToEdit(grid) || HasCheckBox(grid))
         return false;
+    if (IsShown(OpenEditorWindow(grid))) // a handler has begun an edit of its own
+        return false;
     return OpenEditor(grid, key);
 }
 

@@ -63,7 +63,8 @@ bool CreateCombo(Grid& grid, const wchar_t* list, HFONT font)
     LONG style = BaseStyle | (TakesFreeText(grid) ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST);
     LONG styleEx = 0;
     event::SetupEditStyle(grid, grid.EditRow, grid.EditCol, true, style, styleEx);
-    if (grid.Closing || !grid.Window || !IsCell(grid, grid.EditRow, grid.EditCol))
+    if (grid.Closing || !grid.Window || !IsCell(grid, grid.EditRow, grid.EditCol) ||
+        grid.ActiveEditor != EditorCombo || IsShown(grid.ComboWindow))
         return false;
     HWND window =
         CMyCombo::Create(grid, style ? static_cast<DWORD>(style) : BareStyle, static_cast<DWORD>(styleEx));
@@ -171,9 +172,11 @@ void PostTypedKey(const Grid& grid, int key)
         PostMessageW(target, WM_CHAR, static_cast<WPARAM>(key), 0);
 }
 
+// Whether the handlers have left the edit open: one that pumps messages can end it or begin another.
 bool IsEditing(const Grid& grid, HWND window) noexcept
 {
-    return !grid.Closing && grid.ComboWindow == window && IsWindow(window);
+    return !grid.Closing && grid.ActiveEditor == EditorCombo && grid.ComboWindow == window &&
+           IsWindow(window);
 }
 
 bool DropsAtOnce(int key) noexcept
@@ -239,7 +242,6 @@ bool OpenComboEditor(Grid& grid, int key)
     event::SetupEditWindow(grid, grid.EditRow, grid.EditCol, window, true);
     if (!IsEditing(grid, window))
         return false;
-    grid.ActiveEditor = EditorCombo;
     ShowWindow(window, SW_SHOW);
     TakeFocus(grid, window, key);
     if (DropsAtOnce(key) && IsEditing(grid, window))

@@ -6,6 +6,7 @@
 #include "edit/mask.h"
 #include "platform/bstr.h"
 #include "platform/gdi.h"
+#include "platform/window_text.h"
 #include "view/cell_text.h"
 #include "view/editor_place.h"
 
@@ -60,12 +61,14 @@ Bstr TextToEdit(Grid& grid, int row, int col)
     return Bstr(GetDisplayText(grid, row, col));
 }
 
+// An empty cell stands as its text will: it is not drawn at the left for want of one.
 int AlignmentOf(Grid& grid, int row, int col)
 {
     Bstr text = TextToEdit(grid, row, col);
     if (!IsCell(grid, row, col))
         return 0;
-    return EffectiveAlignment(grid, text.Text(), row, col, CellFormatOf(grid, row, col));
+    const wchar_t* aligned = *text.Text() ? text.Text() : L" ";
+    return EffectiveAlignment(grid, aligned, row, col, CellFormatOf(grid, row, col));
 }
 
 LONG AlignmentStyle(const Grid& grid, int alignment) noexcept
@@ -103,7 +106,8 @@ bool CreateEditor(Grid& grid, int alignment)
         style |= AlignmentStyle(grid, alignment);
     event::SetupEditStyle(grid, grid.EditRow, grid.EditCol, false, style, styleEx);
     int row = grid.EditRow, col = grid.EditCol;
-    if (grid.Closing || !grid.Window || !IsCell(grid, row, col))
+    if (grid.Closing || !grid.Window || !IsCell(grid, row, col) || grid.ActiveEditor != EditorText ||
+        IsShown(grid.EditBoxWindow))
         return false;
     HWND window =
         CMyEdit::Create(grid, style ? static_cast<DWORD>(style) : BareStyle, static_cast<DWORD>(styleEx));
@@ -117,9 +121,11 @@ bool CreateEditor(Grid& grid, int alignment)
     return true;
 }
 
+// Whether the handlers have left the edit open: one that pumps messages can end it or begin another.
 bool IsEditing(const Grid& grid, HWND window) noexcept
 {
-    return !grid.Closing && grid.EditBoxWindow == window && IsWindow(window);
+    return !grid.Closing && grid.ActiveEditor == EditorText && grid.EditBoxWindow == window &&
+           IsWindow(window);
 }
 
 void LoadText(Grid& grid, HWND window, int alignment)
@@ -194,7 +200,6 @@ bool OpenTextEditor(Grid& grid, int key, bool hasButton)
     event::SetupEditWindow(grid, grid.EditRow, grid.EditCol, window, false);
     if (!IsEditing(grid, window))
         return false;
-    grid.ActiveEditor = EditorText;
     ShowWindow(window, SW_SHOW);
     SetFocus(window);
     PostMessageW(window, EM_SCROLLCARET, 0, 0);

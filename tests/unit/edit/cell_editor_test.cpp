@@ -436,6 +436,32 @@ TEST_F(CellEditor, AlignsTheTextEvenWithoutIndent)
     EXPECT_EQ(GetWindowLongW(live.Box(), GWL_STYLE) & 3, ES_RIGHT);
 }
 
+// What is typed into an empty cell goes where it will stand.
+TEST_F(CellEditor, AnEmptyCellStandsAsItsTextWill)
+{
+    const struct {
+        int Alignment;
+        int Type;
+        LONG Style;
+    } cases[] = {
+        {lorvAlignRightCenter, 0, ES_RIGHT},
+        {lorvAlignCenterTop, 0, ES_CENTER},
+        {lorvAlignLeftBottom, lorvDTDouble, 0},
+        {lorvAlignGeneral, lorvDTDouble, ES_RIGHT},
+        {lorvAlignGeneralTop, lorvDTDate, ES_RIGHT},
+        {lorvAlignGeneral, lorvDTString, 0},
+        {lorvAlignGeneral, 0, 0},
+    };
+    for (const auto& c : cases) {
+        grid.ColTable[1].Alignment = static_cast<int8_t>(c.Alignment);
+        grid.ColTable[1].ColDataType = static_cast<int16_t>(c.Type);
+        live.Open();
+        EXPECT_EQ(live.Shown(), L"");
+        EXPECT_EQ(GetWindowLongW(live.Box(), GWL_STYLE) & 3, c.Style) << c.Alignment << " " << c.Type;
+        CommitEdit(grid, true);
+    }
+}
+
 TEST_F(CellEditor, AHandlerGivesTheStyle)
 {
     live.On(SetupEditStyleId, [](DISPPARAMS& parameters) {
@@ -529,6 +555,49 @@ TEST_F(CellEditor, AHandlerCanSetTheList)
     live.On(BeforeEditId, [this](DISPPARAMS&) { ReplaceText(grid.ComboList, L"..."); });
     EXPECT_TRUE(StartCellEdit(grid, EditPlain));
     EXPECT_EQ(live.Fired(), "BeforeEdit(1,1) StartEdit(1,1) CellButtonClick(1,1)");
+}
+
+// A handler that pumps messages lets another edit in, of the other kind even: then the first is over.
+TEST_F(CellEditor, AnEditBegunInsideItsSetupIsTheOneThatStays)
+{
+    live.On(SetupEditWindowId, [this](DISPPARAMS&) {
+        live.act = nullptr;
+        ReplaceText(grid.ComboList, L"A|B");
+        EXPECT_TRUE(StartCellEdit(grid, EditSelectAll));
+    });
+    EXPECT_FALSE(StartCellEdit(grid, EditSelectAll));
+    EXPECT_EQ(grid.ActiveEditor, EditorCombo);
+    EXPECT_TRUE(IsShown(grid.ComboWindow));
+    EXPECT_FALSE(IsShown(grid.EditBoxWindow));
+    EXPECT_EQ(GetFocus(), grid.ComboWindow);
+}
+
+TEST_F(CellEditor, AnEditBegunInsideAQuestionIsTheOneThatStays)
+{
+    for (DISPID id : {BeforeEditId, StartEditId, SetupEditStyleId}) {
+        live.On(id, [this](DISPPARAMS&) {
+            live.act = nullptr;
+            ReplaceText(grid.ComboList, L"A|B");
+            EXPECT_TRUE(StartCellEdit(grid, EditSelectAll));
+            ReplaceText(grid.ComboList, nullptr);
+        });
+        EXPECT_FALSE(StartCellEdit(grid, EditSelectAll));
+        EXPECT_EQ(grid.ActiveEditor, EditorCombo) << id;
+        EXPECT_TRUE(IsShown(grid.ComboWindow)) << id;
+        EXPECT_FALSE(IsShown(grid.EditBoxWindow)) << id;
+        CommitEdit(grid, true);
+    }
+}
+
+TEST_F(CellEditor, AnEditEndedInsideItsSetupDoesNotOpen)
+{
+    live.On(SetupEditWindowId, [this](DISPPARAMS&) {
+        ShowWindow(grid.EditBoxWindow, SW_SHOW);
+        CommitEdit(grid);
+    });
+    EXPECT_FALSE(StartCellEdit(grid, EditSelectAll));
+    EXPECT_EQ(grid.ActiveEditor, EditorNone);
+    EXPECT_FALSE(IsShown(grid.EditBoxWindow));
 }
 
 TEST_F(CellEditor, WithoutAWindowTheEditIsLeftStanding)

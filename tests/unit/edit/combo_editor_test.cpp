@@ -362,6 +362,65 @@ TEST_F(ComboEditor, DoesNotTellOfWhatAHandlerOfTheChangeDoes)
     EXPECT_EQ(live.Fired(), "KeyUpEdit(89)");
 }
 
+TEST_F(ComboEditor, AProgramReadsAndWritesFreeText)
+{
+    Open(L"|One|Two");
+    auto text = [this] { return Read([this](BSTR* value) { return grid.get_EditText(value); }); };
+    auto selected = [this] { return Read([this](BSTR* value) { return grid.get_EditSelText(value); }); };
+    EXPECT_EQ(grid.put_EditText(Bstr(L"word").Get()), S_OK);
+    EXPECT_EQ(text(), L"word");
+    EXPECT_EQ(EditSelection(), "4-4");
+    EXPECT_TRUE(IsChangePending());
+    EXPECT_EQ(live.Fired(), "") << "the change is told of later";
+    EXPECT_EQ(grid.put_EditSelStart(1), S_OK);
+    EXPECT_EQ(EditSelection(), "1-1");
+    EXPECT_EQ(grid.put_EditSelLength(2), S_OK);
+    EXPECT_EQ(EditSelection(), "1-3");
+    LONG start = 0, length = 0;
+    EXPECT_EQ(grid.get_EditSelStart(&start), S_OK);
+    EXPECT_EQ(grid.get_EditSelLength(&length), S_OK);
+    EXPECT_EQ(start, 1);
+    EXPECT_EQ(length, 2);
+    EXPECT_EQ(selected(), L"or");
+    live.Release('X');
+    EXPECT_FALSE(IsChangePending());
+    live.Fired();
+    EXPECT_EQ(grid.put_EditSelText(Bstr(L"e").Get()), S_OK);
+    EXPECT_EQ(text(), L"wed");
+    EXPECT_TRUE(IsChangePending());
+    EXPECT_EQ(live.Fired(), "");
+}
+
+TEST_F(ComboEditor, AProgramOnlyReadsAListToChooseFrom)
+{
+    live.Put(1, 1, L"One");
+    Open(L"One|Two");
+    EXPECT_EQ(Read([this](BSTR* value) { return grid.get_EditText(value); }), L"One");
+    EXPECT_EQ(grid.put_EditText(Bstr(L"Two").Get()), S_OK);
+    EXPECT_EQ(grid.put_EditSelText(Bstr(L"x").Get()), S_OK);
+    EXPECT_EQ(Read([this](BSTR* value) { return grid.get_EditText(value); }), L"One");
+    LONG start = 9, length = 9;
+    grid.get_EditSelStart(&start);
+    grid.get_EditSelLength(&length);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(length, 0);
+}
+
+TEST_F(ComboEditor, AnEditBegunInsideItsSetupIsTheOneThatStays)
+{
+    SetList(L"A|B");
+    live.On(SetupEditWindowId, [this](DISPPARAMS&) {
+        live.act = nullptr;
+        ReplaceText(grid.ComboList, nullptr);
+        EXPECT_TRUE(StartCellEdit(grid, EditSelectAll));
+    });
+    EXPECT_FALSE(StartCellEdit(grid, EditSelectAll));
+    EXPECT_EQ(grid.ActiveEditor, EditorText);
+    EXPECT_TRUE(IsShown(grid.EditBoxWindow));
+    EXPECT_FALSE(IsShown(grid.ComboWindow));
+    EXPECT_EQ(GetFocus(), grid.EditBoxWindow);
+}
+
 TEST_F(ComboEditor, EndsWhenAHandlerOfTheCloseUpSaysSo)
 {
     Open(L"One|Two", EditPlain);
@@ -730,7 +789,8 @@ TEST_F(ComboEditor, SurvivesHandlersThatEditAgain)
                 grid.FinishEditing(VARIANT_FALSE);
             }
         });
-        live.Open(EditPlain);
+        StartCellEdit(grid, EditPlain); // what ends it in its setup keeps it from opening
+        live.Pump();
         live.Type(L"x");
         live.Release('X');
         live.Press(VK_RETURN);
