@@ -16,6 +16,8 @@ bool EnsureBitmap(PaintBufferState& buffer, HDC target, const RECT& bounds) noex
     buffer.BufferWidth = std::max<int>(buffer.BufferWidth, bounds.right);
     buffer.BufferHeight = std::max<int>(buffer.BufferHeight, bounds.bottom);
     buffer.Bitmap = CreateCompatibleBitmap(target, buffer.BufferWidth, buffer.BufferHeight);
+    if (!buffer.Bitmap)
+        buffer.BufferWidth = buffer.BufferHeight = 0; // a later paint may need less
     return buffer.Bitmap != nullptr;
 }
 

@@ -476,6 +476,16 @@ TEST_F(Draws, WithinADrawGoToTheTargetItself)
     EXPECT_EQ(grid.PaintBuffer.Memory, nullptr);
 }
 
+TEST_F(Draws, GetTheirBufferBackAfterOneThatWasTooLarge)
+{
+    grid.Redraw = lorvRDBuffered;
+    OnDraw(grid, {canvas.Get(), canvas.Get(), {0, 0, 1 << 28, 1 << 28}});
+    EXPECT_EQ(grid.PaintBuffer.Bitmap, nullptr);
+    Draw();
+    EXPECT_NE(grid.PaintBuffer.Bitmap, nullptr);
+    EXPECT_EQ(grid.PaintBuffer.BufferWidth, 300);
+}
+
 TEST_F(Draws, KeepTheNumberOfGdiObjects)
 {
     grid.Redraw = lorvRDBuffered;
