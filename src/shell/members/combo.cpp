@@ -65,13 +65,14 @@ HRESULT STDMETHODCALLTYPE GridMembers::put_ComboIndex(LONG value)
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboCount(LONG* result)
 {
-    return Return(result, ComboCountOf(*this));
+    HRESULT guard = GuardRunTime(*this, result);
+    return SUCCEEDED(guard) ? Return(result, ComboCountOf(*this)) : guard;
 }
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboItem(VARIANT index, BSTR* result)
 {
-    if (!result)
-        return E_POINTER;
+    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
+        return guard;
     if (!ComboWindow)
         return ReturnText(result, nullptr);
     int item = -1;
@@ -81,8 +82,8 @@ HRESULT STDMETHODCALLTYPE GridMembers::get_ComboItem(VARIANT index, BSTR* result
 
 HRESULT STDMETHODCALLTYPE GridMembers::get_ComboData(VARIANT index, BSTR* result)
 {
-    if (!result)
-        return E_POINTER;
+    if (HRESULT guard = GuardRunTime(*this, result); FAILED(guard))
+        return guard;
     if (!ComboWindow)
         return ReturnText(result, nullptr);
     int item = -1;
