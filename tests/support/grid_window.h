@@ -27,6 +27,8 @@ protected:
 
     GridInWindow()
     {
+        // A pointer that something else left over the window would tell it of a move at any time.
+        SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
         Resize(31, 5);
         grid.Window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, Width, Height, nullptr,
                                       nullptr, nullptr, nullptr);

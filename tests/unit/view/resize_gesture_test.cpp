@@ -385,7 +385,10 @@ TEST_F(Resizing, DrawsItsLineUnderThePointer)
         return colour;
     };
     before = pixel();
+    during = CLR_INVALID;
     UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) {
+        if (GetCapture() != window || during != CLR_INVALID) // before the gesture or after it
+            return;
         HDC dc = GetDC(window);
         during = GetPixel(dc, 180, 150);
         ReleaseDC(window, dc);
