@@ -70,6 +70,14 @@ int EditorTreeIndent(const Grid& grid, int row, int col) noexcept;
 void ShowEditedCell(Grid& grid);
 // Ends the edit, takes the focus to the grid and gives it the key, 0 for none.
 void LeaveEditor(Grid& grid, int key);
+// Return or Escape in an editor: ends the edit, by Escape without its text. False when a handler took the
+// key.
+bool EndEditByKey(Grid& grid, short key);
+// A key as an event gave it back, as messages carry it.
+inline WPARAM AsKey(short key) noexcept
+{
+    return static_cast<unsigned short>(key);
+}
 // Tells KeyDownEdit and the like; what the handler made of the key.
 short AskKeyDownEdit(Grid& grid, short key);
 short AskKeyUpEdit(Grid& grid, short key);

@@ -95,11 +95,6 @@ bool TakesFreeText(const Grid& grid) noexcept
 {
     return (grid.EditorList.ComboBits & ComboEditableList) != 0;
 }
-
-WPARAM AsKey(short code) noexcept
-{
-    return static_cast<unsigned short>(code);
-}
 } // namespace
 
 HWND CMyCombo::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
@@ -195,23 +190,6 @@ bool CMyCombo::LeavesBy(int key) const
     return LOWORD(bounds) == HIWORD(bounds) && LOWORD(bounds) == edge;
 }
 
-bool CMyCombo::OnReturn()
-{
-    if (AskKeyPressEdit(grid_, VK_RETURN) == 0)
-        return false;
-    LeaveEditor(grid_, 0);
-    return true;
-}
-
-bool CMyCombo::OnEscape()
-{
-    if (AskKeyPressEdit(grid_, VK_ESCAPE) == 0)
-        return false;
-    grid_.EditCancel = VARIANT_TRUE;
-    LeaveEditor(grid_, 0);
-    return true;
-}
-
 bool CMyCombo::OnKeyDown(WPARAM key, LPARAM lParam)
 {
     ShowEditedCell(grid_);
@@ -219,10 +197,8 @@ bool CMyCombo::OnKeyDown(WPARAM key, LPARAM lParam)
     if (code == 0 || !IsLive())
         return true;
     bool handled = false;
-    if (code == VK_RETURN) {
-        handled = OnReturn();
-    } else if (code == VK_ESCAPE) {
-        handled = OnEscape();
+    if (code == VK_RETURN || code == VK_ESCAPE) {
+        handled = EndEditByKey(grid_, code);
     } else if (LeavesBy(code)) {
         LeaveEditor(grid_, code);
         handled = true;

@@ -66,11 +66,6 @@ short AskKey(Grid& grid, Ask ask, WPARAM key)
     ask(grid, grid.EditRow, grid.EditCol, code, HeldModifiers());
     return code;
 }
-
-WPARAM AsKey(short code) noexcept
-{
-    return static_cast<unsigned short>(code);
-}
 } // namespace
 
 HWND CMyEdit::Create(Grid& grid, DWORD style, DWORD styleEx) noexcept
@@ -152,19 +147,7 @@ bool CMyEdit::OnReturn()
         grid_.LineBreakTyped = true;
         return true;
     }
-    if (AskKeyPressEdit(grid_, VK_RETURN) == 0)
-        return false;
-    LeaveEditor(grid_, 0);
-    return true;
-}
-
-bool CMyEdit::OnEscape()
-{
-    if (AskKeyPressEdit(grid_, VK_ESCAPE) == 0)
-        return false;
-    grid_.EditCancel = VARIANT_TRUE;
-    LeaveEditor(grid_, 0);
-    return true;
+    return EndEditByKey(grid_, VK_RETURN);
 }
 
 bool CMyEdit::OnKeyDown(WPARAM key, LPARAM lParam)
@@ -178,7 +161,7 @@ bool CMyEdit::OnKeyDown(WPARAM key, LPARAM lParam)
     if (code == VK_RETURN) {
         handled = OnReturn();
     } else if (code == VK_ESCAPE) {
-        handled = OnEscape();
+        handled = EndEditByKey(grid_, code);
     } else if (LeavesBy(code)) {
         LeaveEditor(grid_, code);
         handled = true;
@@ -232,6 +215,16 @@ void LeaveEditor(Grid& grid, int key)
     SetFocus(grid.Window);
     if (key && !grid.Closing)
         NavigateKey(grid, key);
+}
+
+bool EndEditByKey(Grid& grid, short key)
+{
+    if (AskKeyPressEdit(grid, key) == 0)
+        return false;
+    if (key == VK_ESCAPE)
+        grid.EditCancel = VARIANT_TRUE;
+    LeaveEditor(grid, 0);
+    return true;
 }
 
 short AskKeyDownEdit(Grid& grid, short key)

@@ -25,7 +25,6 @@ public:
 private:
     bool OnKeyDown(WPARAM key, LPARAM lParam);
     bool OnReturn();
-    bool OnEscape();
     bool OnSysKeyDown(WPARAM key, LPARAM lParam);
     bool OnKeyUp(UINT message, WPARAM key, LPARAM lParam);
     bool OnChar(WPARAM key, LPARAM lParam);
